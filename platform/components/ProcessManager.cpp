@@ -1,0 +1,82 @@
+#include "ProcessManager.h"
+
+#include <QDebug>
+#include <QProcess>
+
+ProcessManager::ProcessManager(QObject* parent)
+    : QObject(parent)
+    , m_process(new QProcess(this))
+{
+    m_process->setProcessChannelMode(QProcess::ForwardedChannels);
+    connect(m_process, &QProcess::started, this, &ProcessManager::started);
+    connect(m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
+            [this](int exitCode, QProcess::ExitStatus exitStatus) { onFinished(exitCode, exitStatus); });
+    connect(m_process, &QProcess::errorOccurred, this,
+            [this](QProcess::ProcessError error) { onErrorOccurred(error); });
+}
+
+ProcessManager::~ProcessManager()
+{
+    // A file operation left running would outlive the interface; stop it.
+    m_process->disconnect(this);
+    if (m_process->state() != QProcess::NotRunning) {
+        m_process->kill();
+        m_process->waitForFinished(1000);
+    }
+}
+
+bool ProcessManager::isRunning() const
+{
+    return m_busy || !m_pending.isEmpty();
+}
+
+void ProcessManager::startProcess(const QString& command)
+{
+    m_pending.enqueue(QProcess::splitCommand(command));
+    scheduleNext();
+}
+
+void ProcessManager::scheduleNext()
+{
+    // Never start from inside a QProcess notification (a slot on finished()
+    // may call startProcess): the next command starts on the next turn of
+    // the event loop.
+    if (!m_busy && !m_pending.isEmpty())
+        QMetaObject::invokeMethod(this, &ProcessManager::startNext, Qt::QueuedConnection);
+}
+
+void ProcessManager::startNext()
+{
+    if (m_busy || m_pending.isEmpty())
+        return;
+    m_busy = true;
+    QStringList words = m_pending.dequeue();
+    if (words.isEmpty()) {
+        qDebug() << "UserInterface - ProcessManager: empty command";
+        reportEnd(FailedToStart);
+        return;
+    }
+    const QString program = words.takeFirst();
+    m_process->start(program, words, QIODevice::NotOpen);
+}
+
+void ProcessManager::reportEnd(int status)
+{
+    m_busy = false;
+    emit finished(status);
+    scheduleNext();
+}
+
+void ProcessManager::onFinished(int exitCode, int exitStatus)
+{
+    reportEnd(exitStatus == QProcess::NormalExit ? exitCode : Crashed);
+}
+
+void ProcessManager::onErrorOccurred(int error)
+{
+    if (error != QProcess::FailedToStart)
+        return;
+    qDebug() << "UserInterface - ProcessManager: cannot start" << m_process->program()
+             << m_process->errorString();
+    reportEnd(FailedToStart);
+}

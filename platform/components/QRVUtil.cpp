@@ -1,0 +1,43 @@
+#include "QRVUtil.h"
+
+#include <QCoreApplication>
+#include <QPoint>
+#include <QVariant>
+#include <QWidget>
+
+QString QRVUtil::startupSwitch(const char* name)
+{
+    const QCoreApplication* app = QCoreApplication::instance();
+    if (!app)
+        return QString();
+    const QVariant value = app->property(name);
+    return value.isValid() ? value.toString() : QString();
+}
+
+bool QRVUtil::startupSwitchIs(const char* name, const QString& value)
+{
+    return !value.isEmpty() && startupSwitch(name) == value;
+}
+
+bool QRVUtil::isHandheld()
+{
+    return startupSwitchIs("-systype", QStringLiteral("handheld"));
+}
+
+QString QRVUtil::initialSize()
+{
+    return isHandheld() ? QStringLiteral("Max") : QStringLiteral("Min");
+}
+
+QString QRVUtil::demotedSize(const QString& size)
+{
+    if (size == QLatin1String("Max") && startupSwitchIs("-size", QStringLiteral("small_portrait")))
+        return QStringLiteral("Min");
+    return size;
+}
+
+QPoint QRVUtil::centredOn(const QWidget* anchor, const QWidget* other)
+{
+    return QPoint(anchor->x() + anchor->width() / 2 - other->width() / 2,
+                  anchor->y() + anchor->height() / 2 - other->height() / 2);
+}

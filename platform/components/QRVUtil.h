@@ -1,0 +1,35 @@
+#ifndef QRVUTIL_H
+#define QRVUTIL_H
+
+#include <QString>
+
+class QWidget;
+class QPoint;
+
+/*!
+  Small helpers shared by the platform and the widgets: the host's start-up
+  switches and the layout arithmetic of pop-ups.
+
+  The host copies its command-line switches into dynamic properties of the
+  application object ("-systype", "-size", "-res", "-notransparency"); they
+  are read as strings, and a property that is not set counts as absent.
+*/
+class QRVUtil
+{
+public:
+    //! The switch's value, or an empty string when the host did not set it.
+    static QString startupSwitch(const char* name);
+    static bool startupSwitchIs(const char* name, const QString& value);
+
+    //! True on the handheld instrument ("-systype" is "handheld").
+    static bool isHandheld();
+    //! The size word a widget starts with: "Max" on a handheld, else "Min".
+    static QString initialSize();
+    //! On the small portrait screen "Max" is shown as "Min"; other words pass.
+    static QString demotedSize(const QString& size);
+
+    //! Top-left corner that centres \a other on \a anchor (integer halves).
+    static QPoint centredOn(const QWidget* anchor, const QWidget* other);
+};
+
+#endif // QRVUTIL_H
