@@ -1,0 +1,75 @@
+#include "WidgetFrame.h"
+
+#include "GlobalImpl.h"
+
+#include <QDebug>
+#include <QMouseEvent>
+#include <QPushButton>
+
+namespace WidgetFrame {
+
+QPushButton* createLockOverlay(QWidget* owner)
+{
+    auto* overlay = new QPushButton(owner);
+    overlay->setObjectName(QStringLiteral("LockOverlay"));
+    overlay->setFocusPolicy(Qt::NoFocus);
+    overlay->hide();
+    return overlay;
+}
+
+void coverOwner(QPushButton* overlay)
+{
+    const QSize size = overlay->parentWidget()->size();
+    overlay->setMinimumSize(size);
+    overlay->resize(size);
+}
+
+QString lockOverlayStyle(bool withLockImage)
+{
+    if (withLockImage)
+        return QStringLiteral("QPushButton#LockOverlay {    background-color: rgba(0,0,0,0);"
+                              "    background-image: url(:/images/lock.png);"
+                              "    background-position: top right;"
+                              "    background-repeat: no-repeat;"
+                              "    border: none;    font: bold 20px;    color: #fff;}");
+    return QStringLiteral("QPushButton#LockOverlay {    background-color: rgba(0,0,0,0);"
+                          "    border: none;    font: bold 20px;    color: #fff;}");
+}
+
+void showLockOverlay(QPushButton* overlay, bool locked)
+{
+    if (locked) {
+        coverOwner(overlay);
+        overlay->show();
+        overlay->raise();
+    } else {
+        overlay->hide();
+    }
+}
+
+bool takeEntryMechanism(QWidget* widget)
+{
+    GlobalImpl* global = GlobalImpl::getInstance();
+    global->setEntryMechanism(widget);
+    return global->entryMechanism() == widget;
+}
+
+void giveBackEntryMechanism(QWidget* widget)
+{
+    GlobalImpl::getInstance()->releaseEntryMechanism(widget);
+}
+
+Touch classifyRelease(const QWidget* widget, const QMouseEvent* event)
+{
+    if (!widget->rect().contains(event->pos()))
+        return Touch::Outside;
+    return (event->modifiers() & Qt::ControlModifier) ? Touch::DebugFlip : Touch::Plain;
+}
+
+void logDebugSwitch(bool suppressed, const QString& attributeName, QWidget* widget)
+{
+    qDebug() << (suppressed ? "UserInterface - Debug is now OFF for:" : "UserInterface - Debug is now ON for:")
+             << attributeName << "@" << GlobalImpl::getParentWindowName(widget);
+}
+
+} // namespace WidgetFrame
