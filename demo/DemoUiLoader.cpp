@@ -1,0 +1,68 @@
+#include "DemoUiLoader.h"
+
+#include "QRVStatusBar.h"
+#include "QRVWidgetBaseInterim.h"
+#include "WidgetBaseImpl.h"
+
+#include <QFile>
+#include <QHash>
+#include <functional>
+
+namespace {
+
+using Factory = std::function<QWidget*(QWidget*)>;
+
+const QHash<QString, Factory>& ownClasses()
+{
+    static const QHash<QString, Factory> factories{
+        {QStringLiteral("QRVWidgetBaseInterim"), [](QWidget* p) { return new QRVWidgetBaseInterim(p); }},
+        {QStringLiteral("WidgetBaseImpl"), [](QWidget* p) { return new WidgetBaseImpl(p); }},
+        {QStringLiteral("QRVStatusBar"), [](QWidget* p) { return new QRVStatusBar(p); }},
+    };
+    return factories;
+}
+
+} // namespace
+
+DemoUiLoader::DemoUiLoader(QObject* parent)
+    : QUiLoader(parent)
+{
+}
+
+QWidget* DemoUiLoader::createWidget(const QString& className, QWidget* parent, const QString& name)
+{
+    QWidget* widget = nullptr;
+    const auto factory = ownClasses().constFind(className);
+    if (factory != ownClasses().constEnd())
+        widget = (*factory)(parent);
+    else
+        widget = QUiLoader::createWidget(className, parent, name);
+    if (!widget) {
+        m_unknownClasses << className;
+        return nullptr;
+    }
+    widget->setObjectName(name);
+    return widget;
+}
+
+QWidget* DemoUiLoader::loadForm(const QString& path, QWidget* parent)
+{
+    m_unknownClasses.clear();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_error = QStringLiteral("cannot open form %1").arg(path);
+        return nullptr;
+    }
+    QWidget* form = load(&file, parent);
+    if (form && m_unknownClasses.isEmpty())
+        return form;
+    delete form;
+    m_error = form ? QStringLiteral("form %1 names unknown classes: %2").arg(path, m_unknownClasses.join(QStringLiteral(", ")))
+                   : QStringLiteral("form %1: %2").arg(path, QUiLoader::errorString());
+    return nullptr;
+}
+
+QString DemoUiLoader::errorString() const
+{
+    return m_error;
+}
