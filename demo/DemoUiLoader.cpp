@@ -1,7 +1,10 @@
 #include "DemoUiLoader.h"
 
+#include "HorizontalScrollBarImpl.h"
+#include "PushButtonImpl.h"
 #include "QRVStatusBar.h"
 #include "QRVWidgetBaseInterim.h"
+#include "VerticalScrollBarImpl.h"
 #include "WidgetBaseImpl.h"
 
 #include <QFile>
@@ -18,6 +21,11 @@ const QHash<QString, Factory>& ownClasses()
         {QStringLiteral("QRVWidgetBaseInterim"), [](QWidget* p) { return new QRVWidgetBaseInterim(p); }},
         {QStringLiteral("WidgetBaseImpl"), [](QWidget* p) { return new WidgetBaseImpl(p); }},
         {QStringLiteral("QRVStatusBar"), [](QWidget* p) { return new QRVStatusBar(p); }},
+        {QStringLiteral("Kelvane::gui::PushButtonImpl"), [](QWidget* p) { return new Kelvane::gui::PushButtonImpl(p); }},
+        {QStringLiteral("Kelvane::gui::VerticalScrollBarImpl"),
+         [](QWidget* p) { return new Kelvane::gui::VerticalScrollBarImpl(p); }},
+        {QStringLiteral("Kelvane::gui::HorizontalScrollBarImpl"),
+         [](QWidget* p) { return new Kelvane::gui::HorizontalScrollBarImpl(p); }},
     };
     return factories;
 }

@@ -4,6 +4,7 @@
 #include "DemoUiLoader.h"
 #include "DemoWindow.h"
 #include "QRVStatusBar.h"
+#include "WidgetBaseImpl.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -21,6 +22,15 @@ void copyStartupSwitches(const QStringList& arguments)
     for (int i = 1; i + 1 < arguments.size(); ++i)
         if (switches.contains(arguments.at(i)))
             qApp->setProperty(arguments.at(i).toLatin1().constData(), arguments.at(i + 1));
+}
+
+// A form marks a widget with the dynamic property "locked" to show how a
+// widget looks while the engine holds its attribute locked.
+void showDemoLocks(QWidget* screen)
+{
+    for (WidgetBaseImpl* widget : screen->findChildren<WidgetBaseImpl*>())
+        if (widget->property("locked").toBool())
+            widget->setWidgetLocked(true);
 }
 
 bool renderScreens(DemoWindow& window, const QString& folder)
@@ -63,6 +73,7 @@ int main(int argc, char* argv[])
             std::fprintf(stderr, "rv-demo: %s\n", qPrintable(loader.errorString()));
             return 1;
         }
+        showDemoLocks(screen);
         window.addScreen(screen->windowTitle().isEmpty() ? QFileInfo(file).baseName() : screen->windowTitle(), screen);
     }
     window.statusBar()->addMessage(QStringLiteral("Demo instrument ready"));
