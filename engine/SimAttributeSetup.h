@@ -1,0 +1,63 @@
+#ifndef SIMATTRIBUTESETUP_H
+#define SIMATTRIBUTESETUP_H
+
+#include "SimKind.h"
+#include "SimValue.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+//! A unit as the engine sends it: scale part and base-unit part ("k", "Hz").
+struct SimUnits
+{
+    std::string scale;
+    std::string base;
+};
+
+//! Lower and upper bound of a numeric attribute, in its base unit.
+struct SimLimits
+{
+    double lower = 0.0;
+    double upper = 0.0;
+    double step = 1.0;
+};
+
+struct SimEnumEntry
+{
+    std::int32_t value = 0;
+    std::string label;
+    bool enabled = true;
+};
+
+/*!
+  A change the engine makes by itself, so that a screen shows live values.
+  Ramp runs from min to max once per period and starts again; walk moves by
+  up to a tenth of the range once per period; toggle flips a boolean (a
+  number swaps between min and max); cycle steps an enum to its next enabled
+  entry (a number counts up by one from min to max).
+*/
+struct SimSimulation
+{
+    enum class Kind { None, Ramp, Walk, Toggle, Cycle };
+    Kind kind = Kind::None;
+    int periodMs = 1000;
+    double min = 0.0;
+    double max = 100.0;
+};
+
+//! Everything the engine needs to declare one attribute.
+struct SimAttributeSetup
+{
+    std::string name;
+    SimKind kind = SimKind::ReadingLong;
+    std::optional<SimValue> value;    //!< empty: zero, false, "" or no samples
+    std::optional<SimLimits> limits;  //!< empty: the whole range of the value's type
+    SimUnits units;                   //!< of the value; of the y axis for a trace
+    SimUnits xUnits;                  //!< of a trace's x axis
+    std::vector<SimEnumEntry> enumEntries;
+    SimSimulation simulation;
+};
+
+#endif // SIMATTRIBUTESETUP_H

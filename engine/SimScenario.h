@@ -1,0 +1,38 @@
+#ifndef SIMSCENARIO_H
+#define SIMSCENARIO_H
+
+#include "SimAttributeSetup.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <vector>
+
+class SimEngine;
+
+/*!
+  A scenario file: the attributes an engine serves, as JSON.
+
+    { "attributes": [
+        { "name": "Frequency", "kind": "EngineAttribDouble", "value": 1e9,
+          "limits": { "lower": 1e3, "upper": 6e9, "step": 1e6 },
+          "units": { "scale": "", "base": "Hz" },
+          "simulation": { "kind": "walk", "period_ms": 500, "min": 1e9, "max": 2e9 } },
+        { "name": "Mode", "kind": "EngineAttribEnum", "value": 0,
+          "enum": [ { "value": 0, "label": "Auto" }, { "value": 1, "label": "Manual", "enabled": false } ] } ] }
+
+  "kind" is the bare interface name. "value" is a number, boolean or
+  string as the kind wants, an array of numbers for a basic trace and of
+  [i, q] pairs for a complex one; a trace's x axis runs over its limits in
+  "x_units". Everything but name and kind may be left out.
+*/
+class SimScenario
+{
+public:
+    //! Throws std::runtime_error naming the attribute and what is wrong with it.
+    static std::vector<SimAttributeSetup> parse(const QByteArray& json);
+    //! Reads the file and declares its attributes; throws std::runtime_error.
+    static void load(const QString& path, SimEngine& engine);
+};
+
+#endif // SIMSCENARIO_H

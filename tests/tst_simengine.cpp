@@ -1,0 +1,647 @@
+// The simulated engine as a client meets it: over the ORB through its
+// AttributeDirectory, and on plain DDS readers of its topics; in this
+// process and as a separate rv-sim-engine process.
+
+#include "DDS_ParticipantHolder.h"
+#include "ORB_Wrapper.h"
+#include "SimEngine.h"
+#include "SimEngineProcess.h"
+#include "SimScenario.h"
+
+#include <TQMM_DDSPubSubTypes.h>
+
+#include <fastdds/dds/domain/DomainParticipant.hpp>
+#include <fastdds/dds/subscriber/DataReader.hpp>
+#include <fastdds/dds/subscriber/SampleInfo.hpp>
+#include <fastdds/dds/subscriber/Subscriber.hpp>
+#include <fastdds/dds/subscriber/qos/DataReaderQos.hpp>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+using namespace eprosima::fastdds::dds;
+
+namespace {
+
+constexpr int sampleWaitMs = 3000;
+// Discovery between two processes takes longer than within one.
+constexpr int matchWaitMs = 8000;
+
+const Brenmoor::LockerID owner{100, 1};
+const Brenmoor::LockerID stranger{200, 2};
+
+// A plain reader of one topic, set up as a widget's subscription would be.
+template <class PubSubType>
+class TopicReader
+{
+public:
+    using Sample = typename PubSubType::type;
+
+    explicit TopicReader(const std::string& topicName)
+    {
+        TypeSupport type(new PubSubType());
+        m_topic = holder()->acquireTopic(topicName, type);
+        m_subscriber = holder()->participant()->create_subscriber(SUBSCRIBER_QOS_DEFAULT);
+        DataReaderQos qos = DATAREADER_QOS_DEFAULT;
+        qos.reliability().kind = RELIABLE_RELIABILITY_QOS;
+        qos.history().kind = KEEP_ALL_HISTORY_QOS;
+        qos.data_sharing().off();
+        m_reader = m_subscriber->create_datareader(m_topic, qos);
+    }
+
+    ~TopicReader()
+    {
+        m_subscriber->delete_datareader(m_reader);
+        holder()->participant()->delete_subscriber(m_subscriber);
+        holder()->releaseTopic(m_topic);
+    }
+
+    //! Samples written before a writer matched are lost: wait for it first.
+    bool waitForWriter(int timeoutMs = matchWaitMs)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        SubscriptionMatchedStatus status;
+        while (clock.elapsed() < timeoutMs) {
+            m_reader->get_subscription_matched_status(status);
+            if (status.current_count > 0)
+                return true;
+            QTest::qWait(10);
+        }
+        return false;
+    }
+
+    /*!
+      Between processes the writer learns of a new reader a little after the
+      reader has matched it, and what it writes meanwhile never reaches this
+      reader (volatile durability): repeat the change until a sample comes.
+    */
+    std::optional<Sample> nextAfterRepeating(const std::function<void()>& change)
+    {
+        for (int attempt = 0; attempt < 20; ++attempt) {
+            change();
+            if (auto sample = next(250))
+                return sample;
+        }
+        return std::nullopt;
+    }
+
+    std::optional<Sample> next(int timeoutMs = sampleWaitMs)
+    {
+        Sample sample;
+        SampleInfo info;
+        if (!m_reader->wait_for_unread_message(eprosima::fastrtps::Duration_t(timeoutMs / 1000.0))
+            || m_reader->take_next_sample(&sample, &info) != ReturnCode_t::RETCODE_OK || !info.valid_data)
+            return std::nullopt;
+        return sample;
+    }
+
+private:
+    static Brenmoor::DDS_ParticipantHolder* holder() { return Brenmoor::DDS_ParticipantHolder::instance(); }
+
+    Topic* m_topic = nullptr;
+    Subscriber* m_subscriber = nullptr;
+    DataReader* m_reader = nullptr;
+};
+
+using LongReader = TopicReader<TQMM_DDS::ATTR_LONGPubSubType>;
+using DoubleReader = TopicReader<TQMM_DDS::ATTR_DOUBLEPubSubType>;
+using SignalReader = TopicReader<TQMM_DDS::ATTR_VOIDPubSubType>;
+
+template <class Interface>
+typename Interface::_var_type narrowed(Brenmoor::AttributeDirectory_ptr directory, const char* name)
+{
+    CORBA::Object_var object = directory->find(name);
+    return Interface::_narrow(object);
+}
+
+std::string topicOf(Brenmoor::EngineReadingBase_ptr attribute)
+{
+    CORBA::String_var topic = attribute->topic();
+    return topic.in();
+}
+
+SimAttributeSetup setup(const char* name, SimKind kind, std::optional<SimValue> value = std::nullopt,
+                        std::optional<SimLimits> limits = std::nullopt)
+{
+    SimAttributeSetup result;
+    result.name = name;
+    result.kind = kind;
+    result.value = std::move(value);
+    result.limits = limits;
+    return result;
+}
+
+QString exceptionName(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const CORBA::Exception& error) {
+        return QString::fromLatin1(error._name());
+    }
+    return QStringLiteral("none");
+}
+
+} // namespace
+
+class TestSimEngine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+
+    void typeInfoMatchesServedInterface_data();
+    void typeInfoMatchesServedInterface();
+    void directoryListsAndRefusesNames();
+    void recordsCarryUnitsAndLimits();
+    void setAppliesAndPublishes();
+    void setOfValueRecordKeepsEngineUnits();
+    void engineChangePublishesInOrder();
+    void setOutsideLimitsRaisesDataOutOfRange_data();
+    void setOutsideLimitsRaisesDataOutOfRange();
+    void lockAdmitsOnlyItsOwner();
+    void enumListChangeIsAnnounced();
+    void limitsChangeIsAnnounced();
+    void rampMovesTheValue();
+    void scenarioRejectsBadInput_data();
+    void scenarioRejectsBadInput();
+
+    void processServesDemoScenario();
+    void failNextSetRaisesChosenFailure_data();
+    void failNextSetRaisesChosenFailure();
+    void hungSetTimesOutWhileReadsGoOn();
+    void quitEndsProcessCleanly();
+    void killedEngineFailsFast();
+
+private:
+    Brenmoor::AttributeDirectory_ptr directoryFor(bool remote) const;
+
+    std::unique_ptr<SimEngine> m_engine;
+    Brenmoor::AttributeDirectory_var m_directory;
+    SimEngineProcess m_process;
+    Brenmoor::AttributeDirectory_var m_remoteDirectory;
+    SimEngineControl::Control_var m_remoteControl;
+};
+
+void TestSimEngine::initTestCase()
+{
+    m_engine = std::make_unique<SimEngine>();
+    // One attribute of each kind, named after its interface.
+    for (int k = 0; k <= static_cast<int>(SimKind::AttribEnum); ++k) {
+        const auto kind = static_cast<SimKind>(k);
+        m_engine->addAttribute(setup(simKindInfo(kind).interfaceName, kind));
+    }
+
+    SimAttributeSetup span = setup("Span", SimKind::AttribDouble, 50.0, SimLimits{0, 100, 1});
+    span.units = {"k", "Hz"};
+    m_engine->addAttribute(span);
+    m_engine->addAttribute(setup("Count", SimKind::AttribLong, std::int64_t{5}, SimLimits{0, 10, 1}));
+    SimAttributeSetup gain = setup("Gain", SimKind::AttribValueDouble, 1.5, SimLimits{-10, 10, 0.5});
+    gain.units = {"", "dB"};
+    m_engine->addAttribute(gain);
+    SimAttributeSetup band = setup("Band", SimKind::AttribEnum, std::int64_t{0});
+    band.enumEntries = {{0, "Low", true}, {1, "Mid", true}, {2, "High", false}};
+    m_engine->addAttribute(band);
+    m_engine->addAttribute(setup("Mute", SimKind::AttribBoolean, false));
+    m_engine->addAttribute(setup("Marker", SimKind::ReadingLong, std::int64_t{0}));
+    SimAttributeSetup meter = setup("Meter", SimKind::ReadingMeterReading, 12.0, SimLimits{-20, 10, 1});
+    meter.units = {"m", "V"};
+    m_engine->addAttribute(meter);
+    m_engine->addAttribute(setup("Trace", SimKind::BasicTrace, std::vector<float>{1, 2, 3}, SimLimits{0, 100, 1}));
+    SimAttributeSetup ramp = setup("Ramp", SimKind::ReadingLong, std::int64_t{0});
+    ramp.simulation = {SimSimulation::Kind::Ramp, 1000, 0, 100};
+    m_engine->addAttribute(ramp);
+
+    // Through the ORB from a stringified reference, as a host finds the engine.
+    Brenmoor::AttributeDirectory_var local = m_engine->directory();
+    CORBA::Object_var object = ORB_Wrapper::objectFromString(ORB_Wrapper::objectToString(local));
+    m_directory = Brenmoor::AttributeDirectory::_narrow(object);
+    QVERIFY(!CORBA::is_nil(m_directory));
+}
+
+void TestSimEngine::cleanupTestCase()
+{
+    m_directory = Brenmoor::AttributeDirectory::_nil();
+    m_engine.reset();
+}
+
+Brenmoor::AttributeDirectory_ptr TestSimEngine::directoryFor(bool remote) const
+{
+    return remote ? m_remoteDirectory.in() : m_directory.in();
+}
+
+void TestSimEngine::typeInfoMatchesServedInterface_data()
+{
+    QTest::addColumn<QString>("interfaceName");
+    QTest::addColumn<QString>("typeName");
+    const char* rows[][2] = {
+        {"EngineReadingLong", "long"},           {"EngineReadingLongLong", "longlong"},
+        {"EngineReadingDouble", "double"},       {"EngineReadingBoolean", "boolean"},
+        {"EngineReadingString", "string"},       {"EngineReadingValueLong", "ValueLong"},
+        {"EngineReadingValueDouble", "ValueDouble"}, {"EngineReadingMeterReading", "MeterReading"},
+        {"EngineReadingComplexTrace", "ComplexTrace"}, {"EngineBasicTrace", "BasicTrace"},
+        {"EngineAttribBoolean", "boolean"},      {"EngineAttribLong", "long"},
+        {"EngineAttribDouble", "double"},        {"EngineAttribValueLong", "ValueLong"},
+        {"EngineAttribValueDouble", "ValueDouble"}, {"EngineAttribLongLong", "longlong"},
+        {"EngineAttribString", "string"},        {"EngineAttribEnum", "enum"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row[0]) << row[0] << row[1];
+}
+
+void TestSimEngine::typeInfoMatchesServedInterface()
+{
+    QFETCH(QString, interfaceName);
+    QFETCH(QString, typeName);
+    const QByteArray name = interfaceName.toLatin1();
+    Brenmoor::EngineReadingBase_var attribute = m_directory->find(name.constData());
+    Brenmoor::TypeInfo_var info = attribute->typeInfo();
+    QCOMPARE(QString(info->interfaceName.in()), interfaceName);
+    QCOMPARE(QString(info->typeName.in()), typeName);
+    // A widget narrows by the name it was told: the object must really be of that interface.
+    QVERIFY(attribute->_is_a(("IDL:Brenmoor/" + name + ":1.0").constData()));
+    QCOMPARE(QString::fromStdString(topicOf(attribute)), "rv/attr/" + interfaceName);
+}
+
+void TestSimEngine::directoryListsAndRefusesNames()
+{
+    Brenmoor::NameSeq_var names = m_directory->names();
+    QCOMPARE(names->length(), CORBA::ULong(m_engine->names().size()));
+    QCOMPARE(QString(names[0].in()), QStringLiteral("EngineReadingLong"));
+
+    try {
+        CORBA::Object_var none = m_directory->find("NoSuchAttribute");
+        QFAIL("find() of an unknown name returned");
+    } catch (const Brenmoor::AttributeDirectory::UnknownAttribute& error) {
+        QCOMPARE(QString(error.name.in()), QStringLiteral("NoSuchAttribute"));
+    }
+}
+
+void TestSimEngine::recordsCarryUnitsAndLimits()
+{
+    auto gain = narrowed<Brenmoor::EngineAttribValueDouble>(m_directory, "Gain");
+    Brenmoor::VALUE_DOUBLE::VALUE_var value = gain->value();
+    QCOMPARE(QString(value->units.base.in()), QStringLiteral("dB"));
+    QCOMPARE(value->lowerLimit, -10.0);
+    QCOMPARE(value->upperLimit, 10.0);
+    QCOMPARE(value->currentValue, 1.5);
+
+    auto meter = narrowed<Brenmoor::EngineReadingMeterReading>(m_directory, "Meter");
+    Brenmoor::MeterReading::ReadingList_var reading = meter->value();
+    QCOMPARE(reading->readings.length(), CORBA::ULong(1));
+    QCOMPARE(reading->readings[0].value, 12.0);
+    QCOMPARE(QString(reading->readings[0].units.scale.in()), QStringLiteral("m"));
+    QCOMPARE(reading->upperLimit.currentValue, 10.0);
+    QVERIFY2(reading->flag3, "a reading above the upper limit is flagged over limit");
+
+    auto trace = narrowed<Brenmoor::EngineBasicTrace>(m_directory, "Trace");
+    Brenmoor::BASIC_TRACE::BT_DATA_var data = trace->value();
+    QCOMPARE(data->pointCount, 3);
+    QCOMPARE(data->samples.length(), CORBA::ULong(3));
+    QCOMPARE(data->samples[2], 3.0f);
+    QCOMPARE(data->stop, 100.0f);
+
+    auto band = narrowed<Brenmoor::EngineAttribEnum>(m_directory, "Band");
+    Brenmoor::EngineAttribEnumParams_var entries = band->params();
+    QCOMPARE(entries->length(), CORBA::ULong(3));
+    QCOMPARE(QString(entries[1].label.in()), QStringLiteral("Mid"));
+    QVERIFY(!entries[2].enabled);
+}
+
+void TestSimEngine::setAppliesAndPublishes()
+{
+    auto span = narrowed<Brenmoor::EngineAttribDouble>(m_directory, "Span");
+    DoubleReader reader(topicOf(span));
+    QVERIFY(reader.waitForWriter());
+    const unsigned before = m_engine->setCount("Span");
+
+    span->set(owner, 75.0);
+
+    QCOMPARE(span->value(), 75.0);
+    const auto sample = reader.next();
+    QVERIFY(sample);
+    QCOMPARE(sample->value(), 75.0);
+    QVERIFY(sample->header().serial() > 0);
+    QVERIFY(sample->header().stampNs() > 0);
+    QCOMPARE(m_engine->setCount("Span"), before + 1);
+    QCOMPARE(m_engine->lastLocker("Span")->processId, owner.processId);
+    QCOMPARE(std::get<double>(*m_engine->lastSetValue("Span")), 75.0);
+}
+
+void TestSimEngine::setOfValueRecordKeepsEngineUnits()
+{
+    auto gain = narrowed<Brenmoor::EngineAttribValueDouble>(m_directory, "Gain");
+    Brenmoor::VALUE_DOUBLE::VALUE sent;
+    sent.units.scale = "m";
+    sent.units.base = "W";
+    sent.lowerLimit = -1000;
+    sent.upperLimit = 1000;
+    sent.currentValue = 2.5;
+
+    gain->set(owner, sent);
+
+    Brenmoor::VALUE_DOUBLE::VALUE_var value = gain->value();
+    QCOMPARE(value->currentValue, 2.5);
+    QCOMPARE(QString(value->units.base.in()), QStringLiteral("dB"));
+    QCOMPARE(value->upperLimit, 10.0);
+}
+
+void TestSimEngine::engineChangePublishesInOrder()
+{
+    auto marker = narrowed<Brenmoor::EngineReadingLong>(m_directory, "Marker");
+    LongReader reader(topicOf(marker));
+    QVERIFY(reader.waitForWriter());
+
+    m_engine->setValue("Marker", std::int64_t{41});
+    m_engine->setValue("Marker", std::int64_t{42});
+
+    const auto first = reader.next();
+    const auto second = reader.next();
+    QVERIFY(first && second);
+    QCOMPARE(first->value(), 41);
+    QCOMPARE(second->value(), 42);
+    QCOMPARE(second->header().serial(), first->header().serial() + 1);
+    QCOMPARE(marker->value(), 42);
+    QVERIFY_EXCEPTION_THROWN(m_engine->setValue("Marker", 4.2), std::invalid_argument);
+    QVERIFY_EXCEPTION_THROWN(m_engine->setValue("NoSuchAttribute", 4.2), std::out_of_range);
+}
+
+void TestSimEngine::setOutsideLimitsRaisesDataOutOfRange_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<double>("sent");
+    QTest::addColumn<double>("lower");
+    QTest::addColumn<double>("upper");
+    QTest::newRow("long above") << "Count" << 11.0 << 0.0 << 10.0;
+    QTest::newRow("long below") << "Count" << -1.0 << 0.0 << 10.0;
+    QTest::newRow("double above") << "Span" << 100.5 << 0.0 << 100.0;
+    QTest::newRow("value double below") << "Gain" << -11.0 << -10.0 << 10.0;
+    QTest::newRow("enum not listed") << "Band" << 7.0 << 0.0 << 2.0;
+    QTest::newRow("enum disabled") << "Band" << 2.0 << 0.0 << 2.0;
+}
+
+void TestSimEngine::setOutsideLimitsRaisesDataOutOfRange()
+{
+    QFETCH(QString, name);
+    QFETCH(double, sent);
+    QFETCH(double, lower);
+    QFETCH(double, upper);
+    const QByteArray attribute = name.toLatin1();
+    const SimValue before = m_engine->value(attribute.toStdString());
+    const unsigned count = m_engine->setCount(attribute.toStdString());
+
+    try {
+        if (name == "Count")
+            narrowed<Brenmoor::EngineAttribLong>(m_directory, "Count")->set(owner, CORBA::Long(sent));
+        else if (name == "Span")
+            narrowed<Brenmoor::EngineAttribDouble>(m_directory, "Span")->set(owner, sent);
+        else if (name == "Band")
+            narrowed<Brenmoor::EngineAttribEnum>(m_directory, "Band")->set(owner, CORBA::Long(sent));
+        else {
+            Brenmoor::VALUE_DOUBLE::VALUE record;
+            record.currentValue = sent;
+            narrowed<Brenmoor::EngineAttribValueDouble>(m_directory, "Gain")->set(owner, record);
+        }
+        QFAIL("set() outside the limits was accepted");
+    } catch (const Brenmoor::Operation_errors::DataOutOfRange& error) {
+        QCOMPARE(error.actual, sent);
+        QCOMPARE(error.lower, lower);
+        QCOMPARE(error.upper, upper);
+    }
+    QVERIFY(m_engine->value(attribute.toStdString()) == before);
+    QCOMPARE(m_engine->setCount(attribute.toStdString()), count + 1);
+}
+
+void TestSimEngine::lockAdmitsOnlyItsOwner()
+{
+    auto mute = narrowed<Brenmoor::EngineAttribBoolean>(m_directory, "Mute");
+    CORBA::String_var lockTopic = mute->lockTopic();
+    SignalReader reader(lockTopic.in());
+    QVERIFY(reader.waitForWriter());
+
+    m_engine->lock("Mute", owner);
+    QVERIFY(reader.next());
+    QVERIFY(mute->isWritableBy(owner));
+    QVERIFY(!mute->isWritableBy(stranger));
+    QVERIFY_EXCEPTION_THROWN(mute->set(stranger, true), Brenmoor::Operation_errors::Locked);
+    QVERIFY(!mute->value());
+    mute->set(owner, true);
+    QVERIFY(mute->value());
+
+    m_engine->unlock("Mute");
+    QVERIFY(reader.next());
+    QVERIFY(mute->isWritableBy(stranger));
+    mute->set(stranger, false);
+    QVERIFY(!mute->value());
+    QVERIFY_EXCEPTION_THROWN(m_engine->lock("Marker", owner), std::invalid_argument);
+}
+
+void TestSimEngine::enumListChangeIsAnnounced()
+{
+    auto band = narrowed<Brenmoor::EngineAttribEnum>(m_directory, "Band");
+    CORBA::String_var paramsTopic = band->paramsTopic();
+    SignalReader reader(paramsTopic.in());
+    QVERIFY(reader.waitForWriter());
+
+    m_engine->setEnumEntries("Band", {{0, "Low", true}, {2, "High", true}});
+
+    QVERIFY(reader.next());
+    Brenmoor::EngineAttribEnumParams_var entries = band->params();
+    QCOMPARE(entries->length(), CORBA::ULong(2));
+    QCOMPARE(QString(entries[1].label.in()), QStringLiteral("High"));
+    band->set(owner, 2);
+    QCOMPARE(band->value(), 2);
+}
+
+void TestSimEngine::limitsChangeIsAnnounced()
+{
+    auto count = narrowed<Brenmoor::EngineAttribLong>(m_directory, "Count");
+    CORBA::String_var limitsTopic = count->limitsTopic();
+    SignalReader reader(limitsTopic.in());
+    QVERIFY(reader.waitForWriter());
+
+    m_engine->setLimits("Count", {0, 20, 2});
+
+    QVERIFY(reader.next());
+    const Brenmoor::LimitsLong limits = count->limits();
+    QCOMPARE(limits.upper, 20);
+    QCOMPARE(limits.step, 2);
+    count->set(owner, 15);
+    QCOMPARE(count->value(), 15);
+}
+
+void TestSimEngine::rampMovesTheValue()
+{
+    auto ramp = narrowed<Brenmoor::EngineReadingLong>(m_directory, "Ramp");
+    LongReader reader(topicOf(ramp));
+    QVERIFY(reader.waitForWriter());
+
+    const auto first = reader.next();
+    const auto second = reader.next();
+    QVERIFY(first && second);
+    QVERIFY(first->value() != second->value());
+    QVERIFY(second->value() >= 0 && second->value() <= 100);
+}
+
+void TestSimEngine::scenarioRejectsBadInput_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("complaint");
+    QTest::newRow("not JSON") << QByteArray("{") << "JSON";
+    QTest::newRow("no list") << QByteArray("{}") << "attributes";
+    QTest::newRow("no name") << QByteArray(R"({"attributes":[{"kind":"EngineReadingLong"}]})") << "name";
+    QTest::newRow("unknown kind") << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingFoo"}]})")
+                                  << "unknown kind";
+    QTest::newRow("wrong value type")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineAttribDouble","value":true}]})") << "number";
+    QTest::newRow("long out of range")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingLong","value":3e9}]})") << "range";
+    QTest::newRow("fractional enum")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineAttribEnum","enum":[{"value":0.5}]}]})")
+        << "whole number";
+    QTest::newRow("walk on a boolean")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineAttribBoolean","simulation":{"kind":"walk"}}]})")
+        << "does not suit";
+    QTest::newRow("unknown simulation")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingLong","simulation":{"kind":"spin"}}]})")
+        << "spin";
+}
+
+void TestSimEngine::scenarioRejectsBadInput()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, complaint);
+    try {
+        SimScenario::parse(json);
+        QFAIL("a bad scenario was accepted");
+    } catch (const std::runtime_error& error) {
+        QVERIFY2(QString(error.what()).contains(complaint), error.what());
+    }
+}
+
+void TestSimEngine::processServesDemoScenario()
+{
+    QVERIFY2(m_process.start(QStringLiteral(RV_DEMO_SCENARIO)), qPrintable(m_process.errorString()));
+    m_remoteDirectory = m_process.directory();
+    m_remoteControl = m_process.control();
+    Brenmoor::NameSeq_var names = m_remoteDirectory->names();
+    QVERIFY(names->length() >= 7);
+
+    auto frequency = narrowed<Brenmoor::EngineAttribDouble>(m_remoteDirectory, "Frequency");
+    QCOMPARE(frequency->value(), 1e9);
+    DoubleReader reader(topicOf(frequency));
+    QVERIFY(reader.waitForWriter());
+
+    const auto sample = reader.nextAfterRepeating([&] { m_remoteControl->setDouble("Frequency", 2.5e9); });
+
+    QCOMPARE(frequency->value(), 2.5e9);
+    QVERIFY(sample);
+    QCOMPARE(sample->value(), 2.5e9);
+    QVERIFY_EXCEPTION_THROWN(m_remoteControl->setDouble("Progress", 1.0), SimEngineControl::BadRequest);
+}
+
+void TestSimEngine::failNextSetRaisesChosenFailure_data()
+{
+    QTest::addColumn<bool>("remote");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("remoteKind");
+    QTest::addColumn<QString>("raised");
+    struct Row
+    {
+        SimFailure::Kind kind;
+        SimEngineControl::FailureKind remoteKind;
+        const char* raised;
+    };
+    const Row rows[] = {{SimFailure::Kind::DataOutOfRange, SimEngineControl::DATA_OUT_OF_RANGE, "DataOutOfRange"},
+                        {SimFailure::Kind::Locked, SimEngineControl::LOCKED, "Locked"},
+                        {SimFailure::Kind::Unknown, SimEngineControl::SYSTEM_UNKNOWN, "UNKNOWN"},
+                        {SimFailure::Kind::BadParam, SimEngineControl::SYSTEM_BAD_PARAM, "BAD_PARAM"},
+                        {SimFailure::Kind::Transient, SimEngineControl::SYSTEM_TRANSIENT, "TRANSIENT"},
+                        {SimFailure::Kind::CommFailure, SimEngineControl::SYSTEM_COMM_FAILURE, "COMM_FAILURE"}};
+    for (bool remote : {false, true}) {
+        for (const Row& row : rows)
+            QTest::addRow("%s %s", remote ? "process" : "in-process", row.raised)
+                << remote << static_cast<int>(row.kind) << static_cast<int>(row.remoteKind) << row.raised;
+    }
+}
+
+void TestSimEngine::failNextSetRaisesChosenFailure()
+{
+    QFETCH(bool, remote);
+    QFETCH(int, kind);
+    QFETCH(int, remoteKind);
+    QFETCH(QString, raised);
+    QVERIFY2(!remote || !CORBA::is_nil(m_remoteControl), "the engine process did not start");
+    // Each within the attribute's limits, and new to it.
+    const char* name = remote ? "Frequency" : "Span";
+    const double sent = (remote ? 2e3 : 40.0) + kind;
+    SimFailure failure;
+    failure.kind = static_cast<SimFailure::Kind>(kind);
+    if (remote)
+        m_remoteControl->failNextSet(name, 1, {static_cast<SimEngineControl::FailureKind>(remoteKind), 0, 0, 0});
+    else
+        m_engine->failNextSet(name, 1, failure);
+    auto attribute = narrowed<Brenmoor::EngineAttribDouble>(directoryFor(remote), name);
+
+    QCOMPARE(exceptionName([&] { attribute->set(owner, sent); }), raised);
+    QVERIFY(attribute->value() != sent);
+    // Only the next call fails.
+    attribute->set(owner, sent);
+    QCOMPARE(attribute->value(), sent);
+}
+
+void TestSimEngine::hungSetTimesOutWhileReadsGoOn()
+{
+    QVERIFY2(!CORBA::is_nil(m_remoteControl), "the engine process did not start");
+    auto frequency = narrowed<Brenmoor::EngineAttribDouble>(m_remoteDirectory, "Frequency");
+    m_remoteControl->hangNextSet("Frequency", 1, 4000);
+    QElapsedTimer clock;
+    clock.start();
+
+    QCOMPARE(exceptionName([&] { frequency->set(owner, 3e9); }), QStringLiteral("TIMEOUT"));
+
+    const qint64 waited = clock.elapsed();
+    QVERIFY2(waited >= ORB_Wrapper::callTimeoutMs - 100 && waited < ORB_Wrapper::callTimeoutMs + 1000,
+             qPrintable(QString::number(waited)));
+    // The delayed set() must not hold up reads meanwhile.
+    double readBack = 0;
+    QCOMPARE(exceptionName([&] { readBack = frequency->value(); }), QStringLiteral("none"));
+    QVERIFY(readBack != 3e9);
+}
+
+void TestSimEngine::quitEndsProcessCleanly()
+{
+    QVERIFY2(!CORBA::is_nil(m_remoteControl), "the engine process did not start");
+    m_remoteControl->quit();
+    QVERIFY(m_process.waitForExit(5000));
+    QVERIFY(!QFile::exists(m_process.iorFile()));
+}
+
+void TestSimEngine::killedEngineFailsFast()
+{
+    SimEngineProcess process;
+    QVERIFY2(process.start(QStringLiteral(RV_DEMO_SCENARIO)), qPrintable(process.errorString()));
+    Brenmoor::AttributeDirectory_var directory = process.directory();
+    auto power = narrowed<Brenmoor::EngineAttribBoolean>(directory, "Power");
+    QVERIFY(power->value());
+
+    process.kill();
+    QElapsedTimer clock;
+    clock.start();
+
+    const QString first = exceptionName([&] { power->value(); });
+    QVERIFY2(first == "COMM_FAILURE" || first == "TRANSIENT", qPrintable(first));
+    QCOMPARE(exceptionName([&] { power->set(owner, false); }), QStringLiteral("TRANSIENT"));
+    QVERIFY(clock.elapsed() < 1000);
+}
+
+QTEST_GUILESS_MAIN(TestSimEngine)
+#include "tst_simengine.moc"
