@@ -1,6 +1,7 @@
 #include "DemoUiLoader.h"
 
 #include "HorizontalScrollBarImpl.h"
+#include "ProgressBar.h"
 #include "PushButtonImpl.h"
 #include "QRVStatusBar.h"
 #include "QRVWidgetBaseInterim.h"
@@ -21,6 +22,7 @@ const QHash<QString, Factory>& ownClasses()
         {QStringLiteral("QRVWidgetBaseInterim"), [](QWidget* p) { return new QRVWidgetBaseInterim(p); }},
         {QStringLiteral("WidgetBaseImpl"), [](QWidget* p) { return new WidgetBaseImpl(p); }},
         {QStringLiteral("QRVStatusBar"), [](QWidget* p) { return new QRVStatusBar(p); }},
+        {QStringLiteral("ProgressBar"), [](QWidget* p) { return new ProgressBar(p); }},
         {QStringLiteral("Kelvane::gui::PushButtonImpl"), [](QWidget* p) { return new Kelvane::gui::PushButtonImpl(p); }},
         {QStringLiteral("Kelvane::gui::VerticalScrollBarImpl"),
          [](QWidget* p) { return new Kelvane::gui::VerticalScrollBarImpl(p); }},

@@ -1,14 +1,22 @@
-// The demo instrument: shows the widget library's screens live. With
-// --render DIR it runs for --seconds, then writes a PNG of each screen into
-// DIR and exits, for machines without a display.
+// The demo instrument: shows the widget library's screens live, bound to
+// the simulated engine, which it starts as a process of its own (or finds
+// through --engine-ior). With --render DIR it runs for --seconds, then
+// writes a PNG of each screen into DIR and exits, for machines without a
+// display.
+#include "DemoBinding.h"
 #include "DemoUiLoader.h"
 #include "DemoWindow.h"
+#include "ORB_Wrapper.h"
 #include "QRVStatusBar.h"
+#include "SimEngineProcess.h"
 #include "WidgetBaseImpl.h"
+
+#include <Brenmoor.hh>
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QTimer>
 #include <cstdio>
 
@@ -31,6 +39,26 @@ void showDemoLocks(QWidget* screen)
     for (WidgetBaseImpl* widget : screen->findChildren<WidgetBaseImpl*>())
         if (widget->property("locked").toBool())
             widget->setWidgetLocked(true);
+}
+
+// The engine's attribute directory: from the IOR file of a running engine,
+// or from a simulated engine started here on the scenario.
+Brenmoor::AttributeDirectory_ptr connectEngine(const QCommandLineParser& parser, SimEngineProcess& engine)
+{
+    if (parser.isSet("engine-ior")) {
+        QFile file(parser.value("engine-ior"));
+        if (!file.open(QIODevice::ReadOnly)) {
+            std::fprintf(stderr, "rv-demo: cannot read %s\n", qPrintable(file.fileName()));
+            return Brenmoor::AttributeDirectory::_nil();
+        }
+        CORBA::Object_var object = ORB_Wrapper::objectFromString(file.readAll().trimmed().toStdString());
+        return Brenmoor::AttributeDirectory::_narrow(object);
+    }
+    if (!engine.start(parser.value("scenario"))) {
+        std::fprintf(stderr, "rv-demo: the simulated engine did not start: %s\n", qPrintable(engine.errorString()));
+        return Brenmoor::AttributeDirectory::_nil();
+    }
+    return engine.directory();
 }
 
 bool renderScreens(DemoWindow& window, const QString& folder)
@@ -59,12 +87,25 @@ int main(int argc, char* argv[])
     parser.addOption({"render", "Write a PNG of each screen into <folder> and exit.", "folder"});
     parser.addOption({"seconds", "Run this long before rendering.", "seconds", "3"});
     parser.addOption({"forms", "Folder of .ui forms to show instead of the built-in ones.", "folder"});
+    parser.addOption({"scenario", "Scenario of the simulated engine.", "file", RV_DEMO_SCENARIO});
+    parser.addOption({"engine-ior", "Use the running engine whose directory IOR is in <file>.", "file"});
     // Host switches such as "-systype handheld" are not ours to parse.
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.parse(app.arguments());
 
+    SimEngineProcess engine;
+    Brenmoor::AttributeDirectory_var directory;
+    try {
+        directory = connectEngine(parser, engine);
+    } catch (const CORBA::Exception& error) {
+        std::fprintf(stderr, "rv-demo: cannot reach the engine: %s\n", error._name());
+    }
+    if (CORBA::is_nil(directory))
+        return 1;
+
     DemoWindow window;
     DemoUiLoader loader;
+    QStringList problems;
     const QString forms = parser.isSet("forms") ? parser.value("forms") : QStringLiteral(":/demo/forms");
     const QStringList files = QDir(forms).entryList({QStringLiteral("*.ui")}, QDir::Files, QDir::Name);
     for (const QString& file : files) {
@@ -73,10 +114,16 @@ int main(int argc, char* argv[])
             std::fprintf(stderr, "rv-demo: %s\n", qPrintable(loader.errorString()));
             return 1;
         }
+        bindScreenToEngine(screen, directory, problems);
         showDemoLocks(screen);
         window.addScreen(screen->windowTitle().isEmpty() ? QFileInfo(file).baseName() : screen->windowTitle(), screen);
     }
-    window.statusBar()->addMessage(QStringLiteral("Demo instrument ready"));
+    for (const QString& problem : qAsConst(problems)) {
+        std::fprintf(stderr, "rv-demo: %s\n", qPrintable(problem));
+        window.statusBar()->addMessage(problem);
+    }
+    if (problems.isEmpty())
+        window.statusBar()->addMessage(QStringLiteral("Demo instrument ready"));
     window.show();
 
     if (parser.isSet("render")) {
@@ -85,5 +132,9 @@ int main(int argc, char* argv[])
             app.exit(renderScreens(window, parser.value("render")) ? 0 : 1);
         });
     }
-    return app.exec();
+    const int status = app.exec();
+    // A killed engine would leave its shared-memory files behind.
+    if (engine.isRunning())
+        engine.terminate();
+    return status;
 }

@@ -3,6 +3,8 @@
 #include "QRVStatusBar.h"
 #include "SystemModule.h"
 
+#include <Brenmoor.hh>
+
 #include <QSignalSpy>
 #include <QWidget>
 #include <QtTest>
@@ -65,11 +67,11 @@ void TestGlobalImpl::holderDestroyedFreesTheMechanism()
 
 void TestGlobalImpl::lockerIdIsStableAndIdentifiesTheProcess()
 {
-    const LockerID& id = GlobalImpl::getLockerID();
+    const Brenmoor::LockerID& id = GlobalImpl::getLockerID();
     QCOMPARE(&id, &GlobalImpl::getLockerID());
     QCOMPARE(qint64(id.processId), QCoreApplication::applicationPid());
 
-    LockerID fromWorker;
+    Brenmoor::LockerID fromWorker{};
     QThread* worker = QThread::create([&fromWorker] { fromWorker = GlobalImpl::getLockerID(); });
     worker->start();
     worker->wait();

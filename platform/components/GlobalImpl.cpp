@@ -3,6 +3,8 @@
 #include "QRVStatusBar.h"
 #include "SystemModule.h"
 
+#include <Brenmoor.hh>
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QWidget>
@@ -66,10 +68,11 @@ void GlobalImpl::releaseEntryMechanism(QWidget* widget)
     emit entryMechanismChanged(nullptr);
 }
 
-const LockerID& GlobalImpl::getLockerID()
+const Brenmoor::LockerID& GlobalImpl::getLockerID()
 {
-    static const LockerID id{static_cast<std::uint32_t>(::getpid()),
-                             static_cast<std::uint32_t>(QDateTime::currentMSecsSinceEpoch())};
+    // The pid alone could be reused by a later UI process.
+    static const Brenmoor::LockerID id{static_cast<CORBA::ULong>(::getpid()),
+                                       static_cast<CORBA::ULong>(QDateTime::currentMSecsSinceEpoch())};
     return id;
 }
 

@@ -1,11 +1,12 @@
 #ifndef GLOBALIMPL_H
 #define GLOBALIMPL_H
 
-#include "LockerID.h"
-
 #include <QObject>
 #include <QPointer>
 
+namespace Brenmoor {
+struct LockerID;
+}
 class QRVStatusBar;
 class SystemModule;
 class QWidget;
@@ -46,7 +47,7 @@ public:
     void releaseEntryMechanism(QWidget* widget);
 
     //! This process as a locker of engine attributes. Safe from any thread.
-    static const LockerID& getLockerID();
+    static const Brenmoor::LockerID& getLockerID();
     //! Name of the top-level screen that holds \a widget, for log lines.
     static QString getParentWindowName(QWidget* widget);
 

@@ -4,7 +4,16 @@
 #include "QRVStatusBar.h"
 #include "WidgetFrame.h"
 
+#include <Brenmoor.hh>
+#include <DDS_BaseObj.h>
+
+#include <QCoreApplication>
+#include <QDebug>
 #include <QPushButton>
+
+#include <boost/bind/bind.hpp>
+
+using namespace boost::placeholders;
 
 WidgetBaseImpl::WidgetBaseImpl(QWidget* parent)
     : QWidget(parent)
@@ -21,6 +30,9 @@ WidgetBaseImpl::WidgetBaseImpl(QWidget* parent)
 WidgetBaseImpl::~WidgetBaseImpl()
 {
     releaseLock();
+    releaseSubscriptions();
+    QMutexLocker lock(&m_attributeMutex);
+    releaseAttribute();
 }
 
 QString WidgetBaseImpl::getAttributeName() const { return m_attributeName; }
@@ -42,6 +54,9 @@ void WidgetBaseImpl::changeSize(const QString&) {}
 
 void WidgetBaseImpl::setWidgetLocked(bool isLocked)
 {
+    // A lost engine link outlasts every lock event.
+    if (m_engineLinkLost)
+        return;
     setLockImageVisible(isLocked);
     WidgetFrame::showLockOverlay(m_lockOverlay, isLocked);
 }
@@ -83,4 +98,101 @@ void WidgetBaseImpl::resizeEvent(QResizeEvent* event)
 {
     WidgetFrame::coverOwner(m_lockOverlay);
     QWidget::resizeEvent(event);
+}
+
+void WidgetBaseImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
+{
+    setDesktop(GlobalImpl::getInstance()->desktop());
+    {
+        QMutexLocker lock(&m_attributeMutex);
+        releaseAttribute();
+        m_attribute = attr;
+        if (CORBA::is_nil(attr))
+            return;
+        m_settableAttribute = Brenmoor::EngineAttribBase::_narrow(attr);
+    }
+    if (CORBA::is_nil(m_settableAttribute))
+        return;
+    CORBA::String_var lockTopic = m_settableAttribute->lockTopic();
+    subscribeToVoidDDS(lockTopic.in(), boost::bind(&WidgetBaseImpl::dds_lock_callback, this, _1));
+    setWidgetLocked(!m_settableAttribute->isWritableBy(GlobalImpl::getLockerID()));
+}
+
+void WidgetBaseImpl::releaseAttribute()
+{
+    if (!CORBA::is_nil(m_settableAttribute))
+        CORBA::release(m_settableAttribute);
+    if (!CORBA::is_nil(m_attribute))
+        CORBA::release(m_attribute);
+    m_settableAttribute = nullptr;
+    m_attribute = nullptr;
+}
+
+void WidgetBaseImpl::dds_lock_callback(const char*)
+{
+    // A lock sample only says that the question is due again.
+    Brenmoor::EngineAttribBase_var settable;
+    {
+        QMutexLocker lock(&m_attributeMutex);
+        if (CORBA::is_nil(m_settableAttribute))
+            return;
+        settable = Brenmoor::EngineAttribBase::_duplicate(m_settableAttribute);
+    }
+    try {
+        emit SetLocked(!settable->isWritableBy(GlobalImpl::getLockerID()));
+    } catch (const CORBA::TRANSIENT&) {
+        disconnectCORBA(QStringLiteral("CORBA::TRANSIENT"));
+    } catch (const CORBA::COMM_FAILURE&) {
+        disconnectCORBA(QStringLiteral("CORBA::COMM_FAILURE"));
+    } catch (const CORBA::Exception& error) {
+        qDebug() << "UserInterface -" << m_attributeName << "lock query failed:" << error._name();
+    }
+}
+
+void WidgetBaseImpl::addSubscription(int tag, Brenmoor::DDS_BaseObj* subscription)
+{
+    if (tag < 0) {
+        qDebug() << "UserInterface - ERROR: Unknown subscriber type";
+        m_untaggedSubscriptions.push_back(subscription);
+        return;
+    }
+    m_subscriptions.append(DDS_Subscriber_Object{tag, subscription});
+}
+
+void WidgetBaseImpl::releaseSubscriptions()
+{
+    // Frees a DDS thread blocked in a blocking queued emission to this
+    // widget: no new emission reaches it, and the pending ones are dropped,
+    // which wakes their senders.
+    disconnect(this, nullptr, this, nullptr);
+    QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+    for (const DDS_Subscriber_Object& object : qAsConst(m_subscriptions))
+        delete object.subscription;
+    m_subscriptions.clear();
+    for (Brenmoor::DDS_BaseObj* subscription : m_untaggedSubscriptions)
+        delete subscription;
+    m_untaggedSubscriptions.clear();
+}
+
+void WidgetBaseImpl::disconnectCORBA(const QString& reason)
+{
+    if (m_engineLinkLost.exchange(true))
+        return;
+    qDebug() << "UserInterface -" << m_attributeName << "lost its engine link:" << reason;
+    // May run on a worker or a DDS thread: the widget is changed on its own.
+    QMetaObject::invokeMethod(this, [this, reason] { showEngineLinkLost(reason); }, Qt::QueuedConnection);
+}
+
+bool WidgetBaseImpl::isEngineLinkLost() const
+{
+    return m_engineLinkLost;
+}
+
+void WidgetBaseImpl::showEngineLinkLost(const QString& reason)
+{
+    m_lockOverlay->setStyleSheet(WidgetFrame::engineLinkLostStyle());
+    m_lockOverlay->setText(tr("No engine link"));
+    m_lockOverlay->setToolTip(reason);
+    WidgetFrame::showLockOverlay(m_lockOverlay, true);
+    emit exceptionMessage(m_attributeName + tr(" lost its engine link (") + reason + QLatin1Char(')'));
 }

@@ -1,12 +1,28 @@
 #ifndef WIDGETBASEIMPL_H
 #define WIDGETBASEIMPL_H
 
+#include "DDS_Subscriber_Object.h"
 #include "FrameLabel.h"
 
+#include <QList>
+#include <QMutex>
 #include <QWidget>
+
+#include <boost/function.hpp>
+
+#include <atomic>
+#include <vector>
 
 class QLabel;
 class QPushButton;
+
+// The engine's object references, without the ORB's headers.
+namespace Brenmoor {
+class _objref_EngineReadingBase;
+class _objref_EngineAttribBase;
+typedef _objref_EngineReadingBase* EngineReadingBase_ptr;
+typedef _objref_EngineAttribBase* EngineAttribBase_ptr;
+}
 
 /*!
   The frame of every widget that shows or sets an engine attribute.
@@ -16,6 +32,17 @@ class QPushButton;
   and swallows touches while the engine holds the attribute locked; and a
   touch asks for the one entry mechanism of the interface (keypad, list,
   spinner), which the widget opens on DisplayEntryMechanism().
+
+  Bound to an engine attribute it owns the reference and every DDS
+  subscription of the widget. A broken engine link (disconnectCORBA) shows
+  on the widget and once in the status bar, and the widget sends no more.
+
+  Teardown: a DDS thread may be blocked in a blocking queued emission
+  towards the interface thread while that thread destroys the widget. The
+  frame first cuts the widget's connections to itself and drops its pending
+  meta-call events, which frees such a thread, and only then deletes the
+  subscriptions. A widget whose DDS callbacks read members of its own must
+  call releaseSubscriptions() first thing in its destructor.
 */
 class WidgetBaseImpl : public QWidget
 {
@@ -47,6 +74,17 @@ public:
     //! Shows the frame's texts in the current language.
     virtual void retranslate();
 
+    //! Takes ownership of \a attr, follows its lock state; nil unbinds.
+    virtual void bindAttribute(Brenmoor::EngineReadingBase_ptr attr);
+    //! Follows \a topic; \a callback runs on a DDS thread. Returns at once.
+    template<class T>
+    void subscribeToDDS(const char* topic, boost::function<void(const char*, T)> callback);
+    //! Follows a payload-free topic (lock, list or limits changed).
+    void subscribeToVoidDDS(const char* topic, boost::function<void(const char*)> callback);
+    //! The widget's last word on a broken engine link. Safe from any thread.
+    virtual void disconnectCORBA(const QString& reason);
+    bool isEngineLinkLost() const;
+
 signals:
     void CloseEntryMechanism();
     void DisplayEntryMechanism();
@@ -69,16 +107,32 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
     QWidget* desktop() const;
+    //! Stops every live value of the widget; see the class comment.
+    void releaseSubscriptions();
 
     int m_updateDelay = 100;
     bool m_suppressDebug = false;
+    //! The bound attribute and the same narrowed for writing (nil for a reading); owned.
+    Brenmoor::EngineReadingBase_ptr m_attribute = nullptr;
+    Brenmoor::EngineAttribBase_ptr m_settableAttribute = nullptr;
+    QList<DDS_Subscriber_Object> m_subscriptions;
 
 private:
+    void addSubscription(int tag, Brenmoor::DDS_BaseObj* subscription);
+    void releaseAttribute();
+    void dds_lock_callback(const char* topic);
+    void showEngineLinkLost(const QString& reason);
+
     QWidget* m_desktop = nullptr;
     QPushButton* m_lockOverlay = nullptr;
     QString m_attributeName = QStringLiteral("AttributeName");
     FrameLabel m_label;
     bool m_locked = false;
+    // Subscriptions without a tag, owned all the same.
+    std::vector<Brenmoor::DDS_BaseObj*> m_untaggedSubscriptions;
+    // Guards the attribute references against the lock callback's thread.
+    mutable QMutex m_attributeMutex;
+    std::atomic<bool> m_engineLinkLost{false};
 };
 
 #endif // WIDGETBASEIMPL_H

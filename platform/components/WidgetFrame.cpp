@@ -1,5 +1,6 @@
 #include "WidgetFrame.h"
 
+#include "CSS.h"
 #include "GlobalImpl.h"
 
 #include <QDebug>
@@ -34,6 +35,13 @@ QString lockOverlayStyle(bool withLockImage)
                               "    border: none;    font: bold 20px;    color: #fff;}");
     return QStringLiteral("QPushButton#LockOverlay {    background-color: rgba(0,0,0,0);"
                           "    border: none;    font: bold 20px;    color: #fff;}");
+}
+
+QString engineLinkLostStyle()
+{
+    return QStringLiteral("QPushButton#LockOverlay { background-color: rgba(16, 20, 24, 190);"
+                          " border: 2px dashed %1; border-radius: 6px; color: %1; font: bold 14px; }")
+        .arg(CSS::alert());
 }
 
 void showLockOverlay(QPushButton* overlay, bool locked)

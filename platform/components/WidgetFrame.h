@@ -24,6 +24,9 @@ QString lockOverlayStyle(bool withLockImage);
 //! Covers the owner with \a overlay (locked) or hides it; the caller sets its picture.
 void showLockOverlay(QPushButton* overlay, bool locked);
 
+//! The overlay's style sheet once the engine link is lost.
+QString engineLinkLostStyle();
+
 //! Asks GlobalImpl for the entry mechanism; true if \a widget holds it now.
 bool takeEntryMechanism(QWidget* widget);
 void giveBackEntryMechanism(QWidget* widget);

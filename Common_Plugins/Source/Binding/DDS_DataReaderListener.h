@@ -1,0 +1,37 @@
+#ifndef DDS_DATAREADERLISTENER_H
+#define DDS_DATAREADERLISTENER_H
+
+#include <fastdds/dds/subscriber/DataReaderListener.hpp>
+
+#include <atomic>
+
+namespace Brenmoor {
+
+template<class T, class F>
+class DDS_SubscriberBase;
+
+/*!
+  Hands each sample of a reader to its subscription, on the DDS thread.
+  Nothing may leave a listener towards Fast DDS: the subscription reports
+  its own failures.
+*/
+template<class T>
+class DDS_DataReaderListener : public eprosima::fastdds::dds::DataReaderListener
+{
+public:
+    void setSubscription(DDS_SubscriberBase<T, void(const char*, T)>* subscription) { m_subscription = subscription; }
+    void detach() { m_subscription = nullptr; }
+
+    void on_data_available(eprosima::fastdds::dds::DataReader* reader) override
+    {
+        if (auto* subscription = m_subscription.load())
+            subscription->takeAndDeliver(reader);
+    }
+
+private:
+    std::atomic<DDS_SubscriberBase<T, void(const char*, T)>*> m_subscription{nullptr};
+};
+
+} // namespace Brenmoor
+
+#endif // DDS_DATAREADERLISTENER_H

@@ -1,0 +1,232 @@
+#ifndef DDS_SUBSCRIBERBASE_H
+#define DDS_SUBSCRIBERBASE_H
+
+#include "DDS_BaseObj.h"
+#include "DDS_DataReaderListener.h"
+#include "DDS_DeliveryThrottle.h"
+#include "DDS_ParticipantHolder.h"
+#include "DDS_Payload.h"
+
+#include <fastdds/dds/subscriber/DataReader.hpp>
+#include <fastdds/dds/subscriber/SampleInfo.hpp>
+#include <fastdds/dds/subscriber/Subscriber.hpp>
+#include <fastdds/dds/topic/Topic.hpp>
+
+#include <boost/thread/mutex.hpp>
+#include <boost/thread/thread.hpp>
+
+#include <atomic>
+#include <iostream>
+#include <string>
+
+namespace Brenmoor {
+
+namespace {
+// Lets one teardown at a time talk to the participant.
+boost::mutex SerializeSubscriberDestructionMutex;
+}
+
+/*!
+  One widget's subscription to one topic of payload T.
+
+  The DDS entities are set up on a short-lived thread of their own, so the
+  interface thread never waits for DDS; samples arrive on a DDS thread and
+  go to the callback through a throttle that enforces the update delay.
+  The destructor waits until set-up has ended, then deletes the entities.
+*/
+template<class T, class F>
+class DDS_SubscriberBase : public DDS_BaseObj
+{
+public:
+    using Payload = DDS_Payload<T>;
+    using Callback = typename Payload::Callback;
+
+    DDS_SubscriberBase(const char* topicName, Callback callback, std::chrono::nanoseconds separation);
+    ~DDS_SubscriberBase() override;
+
+    virtual void FinishedInitSubBase();
+    //! Waits, in 1 ms steps, until the set-up thread has ended.
+    void waitForInitDone() const;
+    //! True once the set-up thread has ended, whether it succeeded or not.
+    bool initEnded() const { return m_initEnded; }
+    //! True when the reader exists and samples flow.
+    bool isLive() const { return m_initDone; }
+    const std::string& topicName() const { return m_topicName; }
+
+    //! Set-up, on its own thread. Throws Connection_errors::Not_Connected.
+    static void InitSubBase(DDS_SubscriberBase* sub, long seconds, unsigned long nanoseconds,
+                            eprosima::fastdds::dds::DurabilityQosPolicyKind kind);
+    //! Starts InitSubBase on a detached thread; its failures are reported there.
+    void start(eprosima::fastdds::dds::DurabilityQosPolicyKind kind);
+
+    //! On the DDS thread: takes one sample and delivers its payload.
+    void takeAndDeliver(eprosima::fastdds::dds::DataReader* reader);
+
+private:
+    struct TypedRecord
+    {
+        typename Payload::Sample sample;
+        eprosima::fastdds::dds::TypeSupport typeSupport{new typename Payload::PubSubType};
+    };
+
+    void takeSample(eprosima::fastdds::dds::DataReader* reader);
+    void deliver(const T& value);
+    void markInitEnded() { m_initEnded = true; }
+
+    TypedRecord* m_holder = new TypedRecord;
+    eprosima::fastdds::dds::Topic* m_topic = nullptr;
+    eprosima::fastdds::dds::DataReader* m_reader = nullptr;
+    const std::string m_topicName;
+    eprosima::fastdds::dds::Subscriber* m_subscriber = nullptr;
+    DDS_DataReaderListener<T> m_listener;
+    const Callback m_callback;
+    std::atomic<bool> m_initDone{false};
+    std::atomic<bool> m_initEnded{false};
+    DDS_DeliveryThrottle m_throttle;
+};
+
+template<class T, class F>
+DDS_SubscriberBase<T, F>::DDS_SubscriberBase(const char* topicName, Callback callback,
+                                             std::chrono::nanoseconds separation)
+    : m_topicName(topicName)
+    , m_callback(std::move(callback))
+    , m_throttle(separation)
+{
+}
+
+template<class T, class F>
+DDS_SubscriberBase<T, F>::~DDS_SubscriberBase()
+{
+    boost::mutex::scoped_lock lock(SerializeSubscriberDestructionMutex);
+    waitForInitDone();
+    m_listener.detach();
+    m_throttle.cancel();
+    DDS_ParticipantHolder* holder = DdsBase();
+    if (m_subscriber) {
+        // Deletes the reader before its listener goes with this object.
+        m_subscriber->delete_contained_entities();
+        m_reader = nullptr;
+        holder->participant()->delete_subscriber(m_subscriber);
+    }
+    holder->releaseTopic(m_topic);
+    delete m_holder;
+}
+
+template<class T, class F>
+void DDS_SubscriberBase<T, F>::FinishedInitSubBase()
+{
+    m_initDone = true;
+}
+
+template<class T, class F>
+void DDS_SubscriberBase<T, F>::waitForInitDone() const
+{
+    while (!m_initEnded)
+        boost::this_thread::sleep(boost::get_system_time() + boost::posix_time::milliseconds(1));
+}
+
+template<class T, class F>
+void DDS_SubscriberBase<T, F>::start(eprosima::fastdds::dds::DurabilityQosPolicyKind kind)
+{
+    const auto separation = m_throttle.separation();
+    const long seconds = static_cast<long>(separation.count() / 1000000000);
+    const unsigned long nanoseconds = static_cast<unsigned long>(separation.count() % 1000000000);
+    boost::thread([this, seconds, nanoseconds, kind] {
+        // Whatever happens, the destructor must not wait for ever.
+        boost::this_thread::at_thread_exit([this] { markInitEnded(); });
+        try {
+            InitSubBase(this, seconds, nanoseconds, kind);
+        } catch (const Connection_errors::Not_Connected&) {
+            // Already written to the error stream; the widget stays without live values.
+        }
+    }).detach();
+}
+
+template<class T, class F>
+void DDS_SubscriberBase<T, F>::InitSubBase(DDS_SubscriberBase* sub, long seconds, unsigned long nanoseconds,
+                                           eprosima::fastdds::dds::DurabilityQosPolicyKind kind)
+{
+    using namespace eprosima::fastdds::dds;
+    const std::string F_ = __PRETTY_FUNCTION__;
+    auto fail = [&F_](const std::string& what) {
+        const std::string text = F_ + what;
+        std::cerr << text << std::endl;
+        throw Connection_errors::Not_Connected(text.c_str());
+    };
+
+    DDS_ParticipantHolder* holder = DdsBase();
+    DomainParticipant* participant = holder->participant();
+    if (!participant)
+        fail(" err: Participant NULL");
+    sub->m_subscriber = participant->create_subscriber(SUBSCRIBER_QOS_DEFAULT, nullptr, StatusMask::all());
+    if (!sub->m_subscriber)
+        fail(" err: create_subscriber");
+    sub->m_topic = holder->acquireTopic(sub->m_topicName, sub->m_holder->typeSupport);
+    if (!sub->m_topic)
+        fail(" err: Participant->create_topic [" + sub->m_holder->typeSupport.get_type_name() + "] [" +
+             sub->m_topicName + "]");
+
+    DataReaderQos qos;
+    if (sub->m_subscriber->get_default_datareader_qos(qos) != ReturnCode_t::RETCODE_OK)
+        std::cout << "DDS_Subscriber:: ERROR: create_datareader failed" << std::endl;
+    qos.durability().kind = kind;
+    qos.history().kind = KEEP_ALL_HISTORY_QOS;
+    qos.time_based_filter().minimum_separation = eprosima::fastrtps::Duration_t(static_cast<int32_t>(seconds),
+                                                                                static_cast<uint32_t>(nanoseconds));
+    // A screen must not miss the last value of a burst.
+    qos.reliability().kind = RELIABLE_RELIABILITY_QOS;
+    DDS_ParticipantHolder::keepLocal(qos);
+
+    sub->m_listener.setSubscription(sub);
+    sub->m_reader = sub->m_subscriber->create_datareader(sub->m_topic, qos, &sub->m_listener, StatusMask::all());
+    if (!sub->m_reader)
+        fail(" err: Subscriber->create_datareader");
+    boost::this_thread::at_thread_exit([sub] { sub->FinishedInitSubBase(); });
+}
+
+template<class T, class F>
+void DDS_SubscriberBase<T, F>::takeAndDeliver(eprosima::fastdds::dds::DataReader* reader)
+{
+    try {
+        takeSample(reader);
+    } catch (const Runtime_errors::Generic& error) {
+        std::cerr << error.reason.in() << std::endl;
+    }
+}
+
+template<class T, class F>
+void DDS_SubscriberBase<T, F>::takeSample(eprosima::fastdds::dds::DataReader* reader)
+{
+    using namespace eprosima::fastdds::dds;
+    SampleInfo info;
+    if (reader->take_next_sample(&m_holder->sample, &info) != ReturnCode_t::RETCODE_OK)
+        throw Runtime_errors::Generic((std::string(__PRETTY_FUNCTION__) + " take_next_sample error.").c_str());
+    if (info.valid_data) {
+        // The reader may deliver before its set-up thread has ended.
+        waitForInitDone();
+        deliver(Payload::copy(m_holder->sample));
+    } else if (info.instance_state == NOT_ALIVE_DISPOSED_INSTANCE_STATE) {
+        std::cout << __PRETTY_FUNCTION__ << " instance is disposed" << std::endl;
+    } else if (info.instance_state == NOT_ALIVE_NO_WRITERS_INSTANCE_STATE) {
+        std::cout << __PRETTY_FUNCTION__ << " instance is unregistered" << std::endl;
+    } else {
+        throw Runtime_errors::Generic(
+            (std::string(__PRETTY_FUNCTION__) + " ERROR: received unknown instance state").c_str());
+    }
+}
+
+template<class T, class F>
+void DDS_SubscriberBase<T, F>::deliver(const T& value)
+{
+    m_throttle.offer([this, value] {
+        try {
+            Payload::call(m_callback, m_topicName.c_str(), value);
+        } catch (const boost::bad_function_call& error) {
+            std::cerr << m_topicName << ": " << error.what() << std::endl;
+        }
+    });
+}
+
+} // namespace Brenmoor
+
+#endif // DDS_SUBSCRIBERBASE_H
