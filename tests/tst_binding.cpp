@@ -128,6 +128,7 @@ void TestBinding::lockStateAtBindAndOnLockSamples()
     widget.resize(120, 40);
     widget.bindAttribute(attribute("Span"));
     QVERIFY(!overlayOf(&widget)->isHidden());
+    QTest::qWait(500); // let the lock topic's reader match
 
     // A lock sample carries no state: the frame asks the engine again.
     m_engine->unlock("Span");

@@ -202,8 +202,9 @@ void DDS_SubscriberBase<T, F>::takeSample(eprosima::fastdds::dds::DataReader* re
     if (reader->take_next_sample(&m_holder->sample, &info) != ReturnCode_t::RETCODE_OK)
         throw Runtime_errors::Generic((std::string(__PRETTY_FUNCTION__) + " take_next_sample error.").c_str());
     if (info.valid_data) {
-        // The reader may deliver before its set-up thread has ended.
-        waitForInitDone();
+        // Fast DDS may deliver from inside create_datareader, holding the
+        // reader's lock: waiting here for the set-up thread would deadlock
+        // with it. Nothing delivery uses is made by the set-up thread.
         deliver(Payload::copy(m_holder->sample));
     } else if (info.instance_state == NOT_ALIVE_DISPOSED_INSTANCE_STATE) {
         std::cout << __PRETTY_FUNCTION__ << " instance is disposed" << std::endl;
