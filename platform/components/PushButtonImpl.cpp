@@ -1,8 +1,12 @@
 #include "PushButtonImpl.h"
 
 #include "CSS.h"
+#include "GlobalImpl.h"
+
+#include <Brenmoor.hh>
 
 #include <QCoreApplication>
+#include <QDebug>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -21,8 +25,14 @@ PushButtonImpl::PushButtonImpl(QWidget* parent)
     layout->addWidget(m_button);
     // The sheet sits on the frame, not on the button, so that a derived
     // button can restyle itself with a sheet of its own.
-    setStyleSheet(buttonStyle());
+    setStyleSheet(faceStyleSheet());
     connect(m_button, &QPushButton::clicked, this, &PushButtonImpl::buttonClicked);
+}
+
+PushButtonImpl::~PushButtonImpl()
+{
+    // A command still on its way reads this button's interface.
+    waitForSends();
 }
 
 QString PushButtonImpl::buttonText() const { return m_buttonText; }
@@ -39,11 +49,46 @@ void PushButtonImpl::retranslate()
     m_button->setText(QCoreApplication::translate("PushButtonImpl", m_buttonText.toUtf8().constData()));
 }
 
-void PushButtonImpl::buttonClicked() { emit clicked(); }
+void PushButtonImpl::buttonClicked()
+{
+    emit clicked();
+    if (!m_commandInterface.isEmpty())
+        sendOnWorker([this] { sendCommand(); });
+}
+
+void PushButtonImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
+{
+    m_commandInterface.clear();
+    WidgetBaseImpl::bindAttribute(attr);
+    if (CORBA::is_nil(attr))
+        return;
+    m_commandInterface = acceptedInterface(attr, {QStringLiteral("EngineAttribBoolean"), QStringLiteral("EngineAttribLong")},
+                                           ">>>>>Expected Boolean/Long type but received: %s (%s)");
+}
+
+void PushButtonImpl::sendCommand()
+{
+    QString failure;
+    const EngineCall outcome = callEngine(
+        [this] {
+            qDebug() << "UserInterface - PushButton:" << getAttributeName() << "- Sending command";
+            if (m_commandInterface == QLatin1String("EngineAttribBoolean"))
+                Brenmoor::EngineAttribBoolean_var(Brenmoor::EngineAttribBoolean::_narrow(m_attribute))
+                    ->set(GlobalImpl::getLockerID(), true);
+            else
+                Brenmoor::EngineAttribLong_var(Brenmoor::EngineAttribLong::_narrow(m_attribute))
+                    ->set(GlobalImpl::getLockerID(), 1);
+        },
+        &failure);
+    if (outcome != EngineCall::Refused)
+        return;
+    qDebug() << "UserInterface - PushButton:" << getAttributeName() << "threw exception while sending:" << failure;
+    emit exceptionMessage(getAttributeName() + QStringLiteral(" threw an exception while sending: ") + failure);
+}
 
 QPushButton* PushButtonImpl::button() const { return m_button; }
 
-QString PushButtonImpl::buttonStyle()
+QString PushButtonImpl::faceStyleSheet()
 {
     return QStringLiteral("QPushButton#PushButton {"
                           "    color: %1;"

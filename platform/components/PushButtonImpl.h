@@ -12,9 +12,11 @@ namespace gui {
   The platform's command button: a rounded button in the theme's gradient
   with a border, light text, and the border colour while it is held down.
 
-  A press ends in buttonClicked(), which derived buttons replace to ask first
-  or to send to their engine attribute; here it only emits clicked(). The
-  frame's lock overlay lies over the button while the attribute is locked.
+  A press ends in buttonClicked(), which derived buttons replace to ask
+  first; it emits clicked() and, when the button is bound to an
+  EngineAttribBoolean or EngineAttribLong, commands the engine by sending
+  true or 1 from a worker. A refused command is told in the status bar.
+  The frame's lock overlay lies over the button while the attribute is locked.
 */
 class PushButtonImpl : public WidgetBaseImpl
 {
@@ -23,12 +25,14 @@ class PushButtonImpl : public WidgetBaseImpl
 
 public:
     explicit PushButtonImpl(QWidget* parent = nullptr);
+    ~PushButtonImpl() override;
 
     //! The text as set, before translation; the button shows its translation.
     QString buttonText() const;
     void setButtonText(const QString& text);
 
     void retranslate() override;
+    void bindAttribute(Brenmoor::EngineReadingBase_ptr attr) override;
 
 public slots:
     virtual void buttonClicked();
@@ -40,10 +44,13 @@ protected:
     QPushButton* button() const;
 
 private:
-    static QString buttonStyle();
+    static QString faceStyleSheet();
+    void sendCommand();
 
     QPushButton* m_button = nullptr;
     QString m_buttonText;
+    //! The interface commanded on a press; empty while unbound.
+    QString m_commandInterface;
 };
 
 } // namespace gui

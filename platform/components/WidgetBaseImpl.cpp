@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QDebug>
 #include <QPushButton>
+#include <QtConcurrent>
 
 #include <boost/bind/bind.hpp>
 
@@ -30,6 +31,7 @@ WidgetBaseImpl::WidgetBaseImpl(QWidget* parent)
 WidgetBaseImpl::~WidgetBaseImpl()
 {
     releaseLock();
+    waitForSends();
     releaseSubscriptions();
     QMutexLocker lock(&m_attributeMutex);
     releaseAttribute();
@@ -84,14 +86,18 @@ void WidgetBaseImpl::releaseLock()
 void WidgetBaseImpl::mouseReleaseEvent(QMouseEvent* event)
 {
     const WidgetFrame::Touch touch = WidgetFrame::classifyRelease(this, event);
-    if (touch == WidgetFrame::Touch::DebugFlip) {
-        m_suppressDebug = !m_suppressDebug;
-        emit suppressDebug(m_suppressDebug);
-        WidgetFrame::logDebugSwitch(m_suppressDebug, m_attributeName, this);
-    }
+    if (touch == WidgetFrame::Touch::DebugFlip)
+        flipDebugSwitch();
     if (touch != WidgetFrame::Touch::Outside)
         acquireLock();
     QWidget::mouseReleaseEvent(event);
+}
+
+void WidgetBaseImpl::flipDebugSwitch()
+{
+    m_suppressDebug = !m_suppressDebug;
+    emit suppressDebug(m_suppressDebug);
+    WidgetFrame::logDebugSwitch(m_suppressDebug, m_attributeName, this);
 }
 
 void WidgetBaseImpl::resizeEvent(QResizeEvent* event)
@@ -115,7 +121,9 @@ void WidgetBaseImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
         return;
     CORBA::String_var lockTopic = m_settableAttribute->lockTopic();
     subscribeToVoidDDS(lockTopic.in(), boost::bind(&WidgetBaseImpl::dds_lock_callback, this, _1));
-    setWidgetLocked(!m_settableAttribute->isWritableBy(GlobalImpl::getLockerID()));
+    // Through the signal, like every later lock event, so that a widget
+    // that shows the lock its own way gets this one too.
+    emit SetLocked(!m_settableAttribute->isWritableBy(GlobalImpl::getLockerID()));
 }
 
 void WidgetBaseImpl::releaseAttribute()
@@ -138,15 +146,10 @@ void WidgetBaseImpl::dds_lock_callback(const char*)
             return;
         settable = Brenmoor::EngineAttribBase::_duplicate(m_settableAttribute);
     }
-    try {
-        emit SetLocked(!settable->isWritableBy(GlobalImpl::getLockerID()));
-    } catch (const CORBA::TRANSIENT&) {
-        disconnectCORBA(QStringLiteral("CORBA::TRANSIENT"));
-    } catch (const CORBA::COMM_FAILURE&) {
-        disconnectCORBA(QStringLiteral("CORBA::COMM_FAILURE"));
-    } catch (const CORBA::Exception& error) {
-        qDebug() << "UserInterface -" << m_attributeName << "lock query failed:" << error._name();
-    }
+    QString failure;
+    if (callEngine([&] { emit SetLocked(!settable->isWritableBy(GlobalImpl::getLockerID())); }, &failure)
+        == EngineCall::Refused)
+        qDebug() << "UserInterface -" << m_attributeName << "lock query failed:" << failure;
 }
 
 void WidgetBaseImpl::addSubscription(int tag, Brenmoor::DDS_BaseObj* subscription)
@@ -181,6 +184,72 @@ void WidgetBaseImpl::disconnectCORBA(const QString& reason)
     qDebug() << "UserInterface -" << m_attributeName << "lost its engine link:" << reason;
     // May run on a worker or a DDS thread: the widget is changed on its own.
     QMetaObject::invokeMethod(this, [this, reason] { showEngineLinkLost(reason); }, Qt::QueuedConnection);
+}
+
+WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()>& call, QString* failure)
+{
+    if (m_engineLinkLost)
+        return EngineCall::LinkLost;
+    auto lost = [this](const char* reason) {
+        disconnectCORBA(QString::fromLatin1(reason));
+        return EngineCall::LinkLost;
+    };
+    auto refused = [failure](const QString& name) {
+        if (failure)
+            *failure = name;
+        return EngineCall::Refused;
+    };
+    try {
+        call();
+        return EngineCall::Done;
+    } catch (const CORBA::TRANSIENT&) {
+        return lost("CORBA::TRANSIENT");
+    } catch (const CORBA::COMM_FAILURE&) {
+        return lost("CORBA::COMM_FAILURE");
+    } catch (const CORBA::TIMEOUT&) {
+        // A hung engine is as gone as a dead one.
+        return lost("CORBA::TIMEOUT");
+    } catch (const CORBA::OBJECT_NOT_EXIST&) {
+        return lost("CORBA::OBJECT_NOT_EXIST");
+    } catch (const CORBA::Exception& error) {
+        return refused(QString::fromLatin1(error._name()));
+    } catch (const std::exception& error) {
+        return refused(QString::fromLocal8Bit(error.what()));
+    }
+}
+
+void WidgetBaseImpl::sendOnWorker(std::function<void()> send)
+{
+    {
+        QMutexLocker lock(&m_sendsMutex);
+        ++m_sendsRunning;
+    }
+    // The future is dropped: the widget learns the outcome through its signals.
+    QtConcurrent::run([this, send = std::move(send)] {
+        send();
+        QMutexLocker lock(&m_sendsMutex);
+        --m_sendsRunning;
+        m_sendsDone.wakeAll();
+    });
+}
+
+void WidgetBaseImpl::waitForSends()
+{
+    QMutexLocker lock(&m_sendsMutex);
+    while (m_sendsRunning > 0)
+        m_sendsDone.wait(&m_sendsMutex);
+}
+
+QString WidgetBaseImpl::acceptedInterface(Brenmoor::EngineReadingBase_ptr attr, const QStringList& accepted,
+                                          const char* mismatchLine) const
+{
+    Brenmoor::TypeInfo_var type = attr->typeInfo();
+    const QString name = QString::fromUtf8(type->interfaceName.in());
+    if (accepted.contains(name))
+        return name;
+    if (mismatchLine)
+        qDebug(mismatchLine, type->interfaceName.in(), m_attributeName.toLatin1().constData());
+    return QString();
 }
 
 bool WidgetBaseImpl::isEngineLinkLost() const

@@ -6,11 +6,13 @@
 
 #include <QList>
 #include <QMutex>
+#include <QWaitCondition>
 #include <QWidget>
 
 #include <boost/function.hpp>
 
 #include <atomic>
+#include <functional>
 #include <vector>
 
 class QLabel;
@@ -41,8 +43,10 @@ typedef _objref_EngineAttribBase* EngineAttribBase_ptr;
   towards the interface thread while that thread destroys the widget. The
   frame first cuts the widget's connections to itself and drops its pending
   meta-call events, which frees such a thread, and only then deletes the
-  subscriptions. A widget whose DDS callbacks read members of its own must
-  call releaseSubscriptions() first thing in its destructor.
+  subscriptions; sends still running on workers are waited for (a call
+  times out after 1.5 s). A widget whose DDS callbacks or sends read members
+  of its own must call waitForSends() and releaseSubscriptions() first thing
+  in its destructor.
 */
 class WidgetBaseImpl : public QWidget
 {
@@ -85,6 +89,14 @@ public:
     virtual void disconnectCORBA(const QString& reason);
     bool isEngineLinkLost() const;
 
+    //! How an engine call ended.
+    enum class EngineCall
+    {
+        Done,      //!< the engine did it
+        LinkLost,  //!< the engine cannot be reached; disconnectCORBA has run
+        Refused    //!< the engine said no, or failed in another way
+    };
+
 signals:
     void CloseEntryMechanism();
     void DisplayEntryMechanism();
@@ -109,6 +121,26 @@ protected:
     QWidget* desktop() const;
     //! Stops every live value of the widget; see the class comment.
     void releaseSubscriptions();
+    /*!
+      Runs \a call, which talks to the engine, with the one catch order of
+      every send: an unreachable, broken, timed-out or vanished engine ends in
+      disconnectCORBA(); any other failure is Refused, its name in \a failure.
+      After a lost link nothing is called any more. Safe from any thread.
+    */
+    EngineCall callEngine(const std::function<void()>& call, QString* failure = nullptr);
+    //! Runs \a send on a worker of the global pool; the widget waits for it before it dies.
+    void sendOnWorker(std::function<void()> send);
+    //! Waits for every send still running on a worker.
+    void waitForSends();
+    /*!
+      The interface name of \a attr if it is one of \a accepted; otherwise
+      an empty string, after writing \a mismatchLine (a format with the
+      interface name and the attribute name; null: say nothing).
+    */
+    QString acceptedInterface(Brenmoor::EngineReadingBase_ptr attr, const QStringList& accepted,
+                              const char* mismatchLine) const;
+    //! A Control touch: flips the debug switch, says so, and emits suppressDebug().
+    void flipDebugSwitch();
 
     int m_updateDelay = 100;
     bool m_suppressDebug = false;
@@ -133,6 +165,9 @@ private:
     // Guards the attribute references against the lock callback's thread.
     mutable QMutex m_attributeMutex;
     std::atomic<bool> m_engineLinkLost{false};
+    QMutex m_sendsMutex;
+    QWaitCondition m_sendsDone;
+    int m_sendsRunning = 0;
 };
 
 #endif // WIDGETBASEIMPL_H

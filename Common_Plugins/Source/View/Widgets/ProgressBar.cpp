@@ -87,9 +87,8 @@ void ProgressBar::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     WidgetBaseImpl::bindAttribute(attr);
     if (CORBA::is_nil(attr))
         return;
-    Brenmoor::TypeInfo_var type = attr->typeInfo();
     // The one widget that stays silent on a type mismatch.
-    if (std::string(type->interfaceName.in()) != "EngineReadingLong")
+    if (acceptedInterface(attr, {QStringLiteral("EngineReadingLong")}, nullptr).isEmpty())
         return;
     Brenmoor::EngineReadingLong_var reading = Brenmoor::EngineReadingLong::_narrow(attr);
     if (CORBA::is_nil(reading))
