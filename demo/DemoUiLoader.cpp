@@ -1,28 +1,27 @@
 #include "DemoUiLoader.h"
 
 #include "HorizontalScrollBarImpl.h"
-#include "ProgressBar.h"
 #include "PushButtonImpl.h"
 #include "QRVStatusBar.h"
 #include "QRVWidgetBaseInterim.h"
+#include "RuvellWidgets.h"
 #include "VerticalScrollBarImpl.h"
 #include "WidgetBaseImpl.h"
 
 #include <QFile>
-#include <QHash>
 #include <functional>
 
 namespace {
 
 using Factory = std::function<QWidget*(QWidget*)>;
 
-const QHash<QString, Factory>& ownClasses()
+//! Classes a form may name that the widget collection does not offer.
+const QHash<QString, Factory>& platformClasses()
 {
     static const QHash<QString, Factory> factories{
         {QStringLiteral("QRVWidgetBaseInterim"), [](QWidget* p) { return new QRVWidgetBaseInterim(p); }},
         {QStringLiteral("WidgetBaseImpl"), [](QWidget* p) { return new WidgetBaseImpl(p); }},
         {QStringLiteral("QRVStatusBar"), [](QWidget* p) { return new QRVStatusBar(p); }},
-        {QStringLiteral("ProgressBar"), [](QWidget* p) { return new ProgressBar(p); }},
         {QStringLiteral("Kelvane::gui::PushButtonImpl"), [](QWidget* p) { return new Kelvane::gui::PushButtonImpl(p); }},
         {QStringLiteral("Kelvane::gui::VerticalScrollBarImpl"),
          [](QWidget* p) { return new Kelvane::gui::VerticalScrollBarImpl(p); }},
@@ -37,13 +36,20 @@ const QHash<QString, Factory>& ownClasses()
 DemoUiLoader::DemoUiLoader(QObject* parent)
     : QUiLoader(parent)
 {
+    // The library is linked, so its collection is asked directly; loading it
+    // again as a plugin would run its static initialisers twice.
+    const auto* collection = new Kelvane::gui::RuvellWidgets(this);
+    for (QDesignerCustomWidgetInterface* entry : collection->customWidgets())
+        m_libraryWidgets.insert(entry->name(), entry);
 }
 
 QWidget* DemoUiLoader::createWidget(const QString& className, QWidget* parent, const QString& name)
 {
     QWidget* widget = nullptr;
-    const auto factory = ownClasses().constFind(className);
-    if (factory != ownClasses().constEnd())
+    const auto factory = platformClasses().constFind(className);
+    if (QDesignerCustomWidgetInterface* entry = m_libraryWidgets.value(className))
+        widget = entry->createWidget(parent);
+    else if (factory != platformClasses().constEnd())
         widget = (*factory)(parent);
     else
         widget = QUiLoader::createWidget(className, parent, name);

@@ -1,13 +1,17 @@
 #ifndef DEMOUILOADER_H
 #define DEMOUILOADER_H
 
+#include <QHash>
 #include <QStringList>
 #include <QUiLoader>
 
+class QDesignerCustomWidgetInterface;
+
 /*!
-  Builds the demo's screens from .ui forms. Widgets of the platform and of
-  the widget library are made by their own constructors; a class that
-  nobody can make is an error, never a silent plain QWidget.
+  Builds the demo's screens from .ui forms. The widget library's classes are
+  made by the entries of its collection, the platform's by their own
+  constructors; a class that nobody can make is an error, never a silent
+  plain QWidget.
 */
 class DemoUiLoader : public QUiLoader
 {
@@ -23,6 +27,8 @@ public:
     QString errorString() const;
 
 private:
+    //! The library's collection entries by the class they make.
+    QHash<QString, QDesignerCustomWidgetInterface*> m_libraryWidgets;
     QStringList m_unknownClasses;
     QString m_error;
 };

@@ -9,6 +9,7 @@
 #include "ORB_Wrapper.h"
 #include "QRVStatusBar.h"
 #include "SimEngineProcess.h"
+#include "ToggleButtonImpl.h"
 #include "WidgetBaseImpl.h"
 
 #include <Brenmoor.hh>
@@ -33,12 +34,23 @@ void copyStartupSwitches(const QStringList& arguments)
 }
 
 // A form marks a widget with the dynamic property "locked" to show how a
-// widget looks while the engine holds its attribute locked.
+// widget looks while the engine holds its attribute locked; the event goes
+// the way the engine's would, so each widget shows it in its own way.
 void showDemoLocks(QWidget* screen)
 {
     for (WidgetBaseImpl* widget : screen->findChildren<WidgetBaseImpl*>())
         if (widget->property("locked").toBool())
-            widget->setWidgetLocked(true);
+            emit widget->SetLocked(true);
+}
+
+// Without a display nobody touches the screen: the demo touches the toggle
+// buttons a form marks "touchedByDemo", so that the pictures show the
+// engine's answer to a touch.
+void touchMarkedToggles(QWidget* screen)
+{
+    for (ToggleButtonImpl* toggle : screen->findChildren<ToggleButtonImpl*>())
+        if (toggle->property("touchedByDemo").toBool())
+            toggle->pressedEvent();
 }
 
 // The engine's attribute directory: from the IOR file of a running engine,
@@ -106,6 +118,7 @@ int main(int argc, char* argv[])
     DemoWindow window;
     DemoUiLoader loader;
     QStringList problems;
+    QList<QWidget*> screens;
     const QString forms = parser.isSet("forms") ? parser.value("forms") : QStringLiteral(":/demo/forms");
     const QStringList files = QDir(forms).entryList({QStringLiteral("*.ui")}, QDir::Files, QDir::Name);
     for (const QString& file : files) {
@@ -115,6 +128,7 @@ int main(int argc, char* argv[])
             return 1;
         }
         bindScreenToEngine(screen, directory, problems);
+        screens << screen;
         showDemoLocks(screen);
         window.addScreen(screen->windowTitle().isEmpty() ? QFileInfo(file).baseName() : screen->windowTitle(), screen);
     }
@@ -127,6 +141,8 @@ int main(int argc, char* argv[])
     window.show();
 
     if (parser.isSet("render")) {
+        for (QWidget* screen : qAsConst(screens))
+            touchMarkedToggles(screen);
         const int seconds = parser.value("seconds").toInt();
         QTimer::singleShot(seconds * 1000, &app, [&] {
             app.exit(renderScreens(window, parser.value("render")) ? 0 : 1);
