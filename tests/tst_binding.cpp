@@ -2,6 +2,7 @@
 // DDS: reading at bind time, following samples, lock state, the update
 // delay, teardown while a DDS thread waits on the interface thread, and a
 // lost engine link.
+#include "BoundedExit.h"
 #include "GlobalImpl.h"
 #include "ProgressBar.h"
 #include "QRVStatusBar.h"
@@ -297,5 +298,5 @@ void TestBinding::engineProcessDiesUnderAWidget()
     delete bar; // no hang, no crash with the engine gone
 }
 
-QTEST_MAIN(TestBinding)
+RV_TEST_MAIN_BOUNDED_EXIT(TestBinding, QApplication)
 #include "tst_binding.moc"

@@ -1,5 +1,6 @@
 // Confirmation buttons: which prompt and button styles ask, what each
 // answer does, and that closing the top window cancels the question.
+#include "BoundedExit.h"
 #include "ConfirmationPushButton.h"
 #include "ConfirmationToggleButtonImpl.h"
 #include "ContainerDialog.h"
@@ -219,5 +220,5 @@ void TestConfirmation::confirmedCommandReachesTheEngine()
     QCOMPARE(std::get<bool>(*m_engine->lastSetValue("Preset")), true);
 }
 
-QTEST_MAIN(TestConfirmation)
+RV_TEST_MAIN_BOUNDED_EXIT(TestConfirmation, QApplication)
 #include "tst_confirmation.moc"

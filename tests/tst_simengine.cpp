@@ -2,6 +2,7 @@
 // AttributeDirectory, and on plain DDS readers of its topics; in this
 // process and as a separate rv-sim-engine process.
 
+#include "BoundedExit.h"
 #include "DDS_ParticipantHolder.h"
 #include "ORB_Wrapper.h"
 #include "SimEngine.h"
@@ -643,5 +644,5 @@ void TestSimEngine::killedEngineFailsFast()
     QVERIFY(clock.elapsed() < 1000);
 }
 
-QTEST_GUILESS_MAIN(TestSimEngine)
+RV_TEST_MAIN_BOUNDED_EXIT(TestSimEngine, QCoreApplication)
 #include "tst_simengine.moc"

@@ -1,5 +1,6 @@
 // ToggleButtonImpl against the simulated engine: every transition of its
 // state machine, the lock pill, and sends that fail.
+#include "BoundedExit.h"
 #include "GlobalImpl.h"
 #include "QRVStatusBar.h"
 #include "SimEngine.h"
@@ -289,5 +290,5 @@ void TestToggleButton::looks()
     QVERIFY(!image.isNull());
 }
 
-QTEST_MAIN(TestToggleButton)
+RV_TEST_MAIN_BOUNDED_EXIT(TestToggleButton, QApplication)
 #include "tst_togglebutton.moc"
