@@ -65,6 +65,7 @@ private slots:
     void updateDelayKeepsTheLastValue();
     void payloadsArriveDeepCopied();
     void untaggedPayloadIsReportedButDelivered();
+    void widgetsOnOneAttributeShareItsTopic();
     void destroyedRightAfterBinding();
     void destroyedWhileADdsThreadWaitsOnTheInterfaceThread();
     void lostEngineLinkShowsOnceAndStays();
@@ -203,6 +204,34 @@ void TestBinding::untaggedPayloadIsReportedButDelivered()
     QTest::qWait(500);
     m_engine->setValue("IQ", std::vector<std::complex<double>>{{1, 2}, {3, 4}, {5, 6}});
     QTRY_COMPARE(points.load(), 3);
+}
+
+void TestBinding::widgetsOnOneAttributeShareItsTopic()
+{
+    // Fast DDS makes a topic name once per participant: both readers use
+    // one topic, and the first teardown must not take it from the second.
+    auto* first = new ProgressBar;
+    ProgressBar second;
+    first->setUpdateDelay(0);
+    second.setUpdateDelay(0);
+    first->bindAttribute(attribute("Progress"));
+    second.bindAttribute(attribute("Progress"));
+    QTest::qWait(500);
+    m_engine->setValue("Progress", std::int64_t(12));
+    QTRY_COMPARE(barOf(first)->value(), 120);
+    QTRY_COMPARE(barOf(&second)->value(), 120);
+
+    delete first;
+    m_engine->setValue("Progress", std::int64_t(13));
+    QTRY_COMPARE(barOf(&second)->value(), 130);
+
+    // A widget bound after the teardown gets the topic again.
+    ProgressBar third;
+    third.setUpdateDelay(0);
+    third.bindAttribute(attribute("Progress"));
+    QTest::qWait(500);
+    m_engine->setValue("Progress", std::int64_t(14));
+    QTRY_COMPARE(barOf(&third)->value(), 140);
 }
 
 void TestBinding::destroyedRightAfterBinding()
