@@ -1,0 +1,9 @@
+#ifndef BENCHREPORT_H
+#define BENCHREPORT_H
+
+#include <functional>
+
+//! Times \a step \a rounds times and prints its p50 and p99 in microseconds.
+void benchReport(const char* what, int rounds, const std::function<void()>& step);
+
+#endif // BENCHREPORT_H
