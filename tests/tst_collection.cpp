@@ -44,8 +44,10 @@ private slots:
 namespace {
 
 const QStringList registeredNames{
-    QStringLiteral("ConfirmationPushButtonImpl"), QStringLiteral("ConfirmationToggleButtonImpl"),
+    QStringLiteral("ComboBoxImpl"), QStringLiteral("ConfirmationPushButtonImpl"), QStringLiteral("ConfirmationToggleButtonImpl"),
     QStringLiteral("ContainerImpl"),              QStringLiteral("ProgressBar"),
+    QStringLiteral("Kelvane::gui::TableEnum"), QStringLiteral("Kelvane::gui::TableEnumMulti"),
+    QStringLiteral("Kelvane::gui::TableImpl"), QStringLiteral("Kelvane::gui::TableViewImpl"),
     QStringLiteral("ToggleButtonImpl"),
 };
 

@@ -1,14 +1,34 @@
 #include "CollectionEntries.h"
 
+#include "ComboBoxImpl.h"
 #include "ConfirmationPushButton.h"
 #include "ConfirmationToggleButtonImpl.h"
 #include "ContainerImpl.h"
 #include "ProgressBar.h"
+#include "TableEnum.h"
+#include "TableEnumMulti.h"
+#include "TableImpl.h"
+#include "TableViewImpl.h"
 #include "ToggleButtonImpl.h"
 
 // The factory column of CollectionTable.h.
 #define RV_MADE_BY(Widget) [](QWidget* parent) -> QWidget* { return new Widget(parent); }
 #define RV_NOT_IN_TREE nullptr
+
+namespace {
+
+// Designer shows the selector with a sample list, so that it looks filled.
+QWidget* makeComboBox(QWidget* parent)
+{
+    auto* combo = new ComboBoxImpl(false, parent);
+    combo->setList({{1, QStringLiteral("ENUM 01"), true},
+                    {2, QStringLiteral("ENUM 02"), true},
+                    {4, QStringLiteral("ENUM 04"), true}},
+                   true);
+    return combo;
+}
+
+} // namespace
 
 // The scope column.
 #define RV_QUALIFIED_KelvaneGui(entry) Kelvane::gui::entry

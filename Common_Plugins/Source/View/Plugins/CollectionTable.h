@@ -26,7 +26,7 @@ RV_COLLECTION_ROW(KelvaneGui, BatteryStatusIndicatorPlugin,
 RV_COLLECTION_ROW(TopLevel, ComboBoxPlugin,
     "ComboBoxImpl", "Ruvell", "ComboBoxImpl.h", false,
     "ComboBox", "Combobox with a populated list",
-    A, "ComboBox", Listed, RV_NOT_IN_TREE)
+    A, "ComboBox", Listed, makeComboBox)
 
 RV_COLLECTION_ROW(TopLevel, ConfirmationPushButtonPlugin,
     "ConfirmationPushButtonImpl", "Ruvell", "ConfirmationPushButton.h", false,
@@ -97,22 +97,22 @@ RV_COLLECTION_ROW(TopLevel, TabPlugin,
 RV_COLLECTION_ROW(KelvaneGui, TableEnumPlugin,
     "Kelvane::gui::TableEnum", "Ruvell", "TableEnum.h", false,
     "A Table Enum View", "A Ruvell Table Enum View",
-    B, "TableEnum", Listed, RV_NOT_IN_TREE)
+    B, "TableEnum", Listed, RV_MADE_BY(Kelvane::gui::TableEnum))
 
 RV_COLLECTION_ROW(KelvaneGui, TableEnumMultiPlugin,
     "Kelvane::gui::TableEnumMulti", "Ruvell", "TableEnumMulti.h", false,
     "A Table Enum Multi View", "A Ruvell Table Enum Multiple Columns View",
-    B, "CustomWidget_TableEnumMulti", Listed, RV_NOT_IN_TREE)
+    B, "CustomWidget_TableEnumMulti", Listed, RV_MADE_BY(Kelvane::gui::TableEnumMulti))
 
 RV_COLLECTION_ROW(KelvaneGui, TablePlugin,
     "Kelvane::gui::TableImpl", "Ruvell", "TableImpl.h", false,
     "A Table", "A Ruvell Table",
-    B, "Table", Listed, RV_NOT_IN_TREE)
+    B, "Table", Listed, RV_MADE_BY(Kelvane::gui::TableImpl))
 
 RV_COLLECTION_ROW(KelvaneGui, TableViewPlugin,
     "Kelvane::gui::TableViewImpl", "Ruvell", "TableViewImpl.h", false,
     "A Table View", "A Ruvell Table View",
-    B, "Table View", Listed, RV_NOT_IN_TREE)
+    B, "Table View", Listed, RV_MADE_BY(Kelvane::gui::TableViewImpl))
 
 // Made as TextEntryImpl(parent, empty string, false).
 RV_COLLECTION_ROW(TopLevel, TextEntryPlugin,

@@ -1,0 +1,8 @@
+#include "ComboBoxListStruct.h"
+
+ComboBoxListStruct::ComboBoxListStruct(long value, const QString& text, bool enabled)
+    : value(value)
+    , text(text)
+    , enabled(enabled)
+{
+}

@@ -1,0 +1,58 @@
+#ifndef ENUMTABLEBASE_H
+#define ENUMTABLEBASE_H
+
+#include "EnumColumn.h"
+#include "WidgetBaseImpl.h"
+
+#include <functional>
+
+class QStandardItemModel;
+
+namespace Kelvane {
+namespace gui {
+
+class TableViewImpl;
+
+/*!
+  What the operator sees of TableEnum and TableEnumMulti alike: a table of
+  enumerator labels under a "Data Source" header, where a touched row is
+  sent to the engine. Holds the view and model and talks to
+  EngineAttribEnum attributes: reads their lists and values, and sends a
+  value with one retry on a fresh list.
+*/
+class EnumTableBase : public WidgetBaseImpl
+{
+    Q_OBJECT
+
+public:
+    explicit EnumTableBase(QWidget* parent = nullptr);
+
+protected:
+    enum class SendOutcome
+    {
+        Sent,
+        LinkLost,
+        RetryFailed
+    };
+
+    //! Narrows \a attr and reads its enumerators; false (and a line in the log) if it cannot.
+    bool fetchEntries(Brenmoor::EngineReadingBase_ptr attr, QList<EnumColumn::Entry>* entries);
+    bool fetchValue(Brenmoor::EngineReadingBase_ptr attr, long* value);
+    /*!
+      Sets \a value; a refusal gets \a refreshList and exactly one more set.
+      \a logPrefix starts the log lines of a failure.
+    */
+    SendOutcome sendWithOneRetry(Brenmoor::EngineReadingBase_ptr attr, long value,
+                                 const std::function<void()>& refreshList, const char* logPrefix);
+
+    //! The rows take the touches: neither the debug switch nor the entry mechanism applies.
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+    TableViewImpl* view = nullptr;
+    QStandardItemModel* model = nullptr;
+};
+
+} // namespace gui
+} // namespace Kelvane
+
+#endif // ENUMTABLEBASE_H

@@ -1,0 +1,191 @@
+#include "TableEnum.h"
+
+#include "TableViewImpl.h"
+
+#include <Brenmoor.hh>
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QStandardItemModel>
+
+#include <boost/bind/bind.hpp>
+
+using namespace boost::placeholders;
+
+namespace Kelvane {
+namespace gui {
+
+TableEnum::TableEnum(QWidget* parent)
+    : EnumTableBase(parent)
+{
+    setObjectName(QStringLiteral("TableEnum"));
+    connect(view, &TableViewImpl::highlightChanged, this, &TableEnum::rowSelectedEvent);
+    // Queued from a DDS thread, which does not wait for the view: a wait
+    // could outlive the frame's teardown and hang the widget's destruction.
+    connect(this, &TableEnum::rowUpdate, this, &TableEnum::followRow);
+    connect(this, &TableEnum::synchronize, this, &TableEnum::syncTable, Qt::BlockingQueuedConnection);
+}
+
+TableEnum::~TableEnum()
+{
+    // The DDS callbacks read the value-to-row map of this class.
+    releaseSubscriptions();
+}
+
+void TableEnum::setColumnHeading(const QString& name)
+{
+    model->setHorizontalHeaderLabels(name.split(QLatin1Char(',')));
+}
+
+QString TableEnum::getColumnHeading() const
+{
+    QStringList headers;
+    for (int c = 0; c < model->columnCount(); ++c)
+        headers << model->headerData(c, Qt::Horizontal).toString();
+    return headers.join(QLatin1Char(','));
+}
+
+void TableEnum::setColumnWidths(const QString& widths)
+{
+    columnWidths = widths;
+    resizeEvent(nullptr);
+}
+
+QString TableEnum::getColumnWidths() const { return columnWidths; }
+bool TableEnum::getReadOnly() const { return readOnly; }
+void TableEnum::setSplitByCSV(bool split) { splitCSV = split; }
+bool TableEnum::getSplitByCSV() const { return splitCSV; }
+int TableEnum::rowCount() const { return model->rowCount(); }
+void TableEnum::changeSize(const QString&) {}
+
+void TableEnum::setReadOnly(bool on)
+{
+    readOnly = on;
+    configureReadOnly(on);
+}
+
+void TableEnum::configureReadOnly(bool on)
+{
+    view->setSelectionMode(readOnly || on ? QAbstractItemView::NoSelection : QAbstractItemView::SingleSelection);
+}
+
+QString TableEnum::getLiteral(long index)
+{
+    const QStandardItem* item = model->item(rowOfValue.rowOf(index), 0);
+    return item ? item->text() : QString();
+}
+
+bool TableEnum::literalExists(const QString& str) const
+{
+    return !model->findItems(str).isEmpty();
+}
+
+void TableEnum::resizeEvent(QResizeEvent* event)
+{
+    if (event)
+        EnumTableBase::resizeEvent(event);
+    const QStringList parts = columnWidths.split(QLatin1Char(','));
+    for (int i = 0; i < parts.size(); ++i)
+        view->setColumnWidth(i, int(view->width() * (parts.at(i).toDouble() / 100.0)));
+}
+
+void TableEnum::showEvent(QShowEvent* event)
+{
+    EnumTableBase::showEvent(event);
+    resizeEvent(nullptr);
+}
+
+void TableEnum::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(rect(), 12.0, 12.0);
+}
+
+void TableEnum::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
+{
+    WidgetBaseImpl::bindAttribute(attr);
+    if (CORBA::is_nil(attr))
+        return;
+    if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")},
+                          ">>>>>Expected Enumeration type but received: %s (%s)")
+            .isEmpty())
+        return;
+    Brenmoor::EngineAttribEnum_var enumeration = Brenmoor::EngineAttribEnum::_narrow(attr);
+    if (CORBA::is_nil(enumeration))
+        return;
+    requestCorbaList();
+    CORBA::String_var topic = attr->topic();
+    CORBA::String_var paramsTopic = enumeration->paramsTopic();
+    subscribeToDDS<int>(topic.in(), boost::bind(&TableEnum::dds_callback, this, _1, _2));
+    subscribeToVoidDDS(paramsTopic.in(), boost::bind(&TableEnum::dds_params_callback, this, _1));
+}
+
+void TableEnum::requestCorbaList()
+{
+    QList<EnumColumn::Entry> entries;
+    if (CORBA::is_nil(m_attribute) || !fetchEntries(m_attribute, &entries))
+        return;
+    model->setRowCount(entries.size());
+    // The blanks keep the labels off the panel's rounded edge.
+    rowOfValue.rebuild(entries, model, 0, splitCSV, QStringLiteral("   "));
+    getCorbaValue();
+}
+
+void TableEnum::getCorbaValue()
+{
+    long value = 0;
+    if (CORBA::is_nil(m_attribute) || !fetchValue(m_attribute, &value))
+        return;
+    currentValue = value;
+    emit rowUpdate(rowOfValue.rowOf(value));
+}
+
+void TableEnum::dds_callback(const char*, int value)
+{
+    currentValue = value;
+    emit rowUpdate(rowOfValue.rowOf(value));
+}
+
+void TableEnum::dds_params_callback(const char*)
+{
+    emit synchronize();
+}
+
+void TableEnum::syncTable()
+{
+    requestCorbaList();
+    getCorbaValue();
+}
+
+void TableEnum::followRow(int row)
+{
+    view->selectRow(row);
+}
+
+void TableEnum::rowSelectedEvent(const QModelIndex& index)
+{
+    // A read-only table selects nothing, so a touch has nothing to send.
+    if (view->selectionMode() == QAbstractItemView::NoSelection)
+        return;
+    const long value = rowOfValue.valueAt(index.row()).value_or(0);
+    emit valueChanged(value);
+    setEnum(value);
+    update();
+}
+
+void TableEnum::setEnum(const long& value)
+{
+    acquireLock();
+    if (!CORBA::is_nil(m_attribute)
+        && sendWithOneRetry(m_attribute, value, [this] { requestCorbaList(); }, "UserInterface - ")
+               == SendOutcome::RetryFailed)
+        emit exceptionMessage(getAttributeName() + QStringLiteral(" threw an exception while sending: ")
+                              + QString::number(value));
+    releaseLock();
+}
+
+} // namespace gui
+} // namespace Kelvane

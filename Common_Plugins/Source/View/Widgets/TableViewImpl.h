@@ -1,0 +1,54 @@
+#ifndef TABLEVIEWIMPL_H
+#define TABLEVIEWIMPL_H
+
+#include <QTableView>
+
+namespace Kelvane {
+namespace gui {
+
+class VerticalScrollBarImpl;
+class HorizontalScrollBarImpl;
+
+/*!
+  A borderless-grid table on a model, white text on whatever lies behind it,
+  one whole row selected at a time, with the platform's finger-sized scroll
+  bars. Binds no engine attribute: it is the view under TableEnum and
+  TableEnumMulti, which learn of a touched row through highlightChanged().
+
+  The look follows the size words "Max" and "Min".
+*/
+class TableViewImpl : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit TableViewImpl(QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+signals:
+    void mousePressed();
+    //! A touch ended on the cell at \a index.
+    void highlightChanged(QModelIndex index);
+
+public slots:
+    void changeSize(const QString& size);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    static QString styleSheetFor(int fontPx, int headerFontPx);
+
+    VerticalScrollBarImpl* m_verticalScrollBar = nullptr;
+    HorizontalScrollBarImpl* m_horizontalScrollBar = nullptr;
+    QString m_styleMax = styleSheetFor(18, 16);
+    QString m_styleMin = styleSheetFor(14, 12);
+};
+
+} // namespace gui
+} // namespace Kelvane
+
+#endif // TABLEVIEWIMPL_H

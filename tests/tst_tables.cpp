@@ -1,0 +1,449 @@
+// The enumerated tables against the simulated engine (selection from
+// samples, touches, the one retry, lists that change), and the two styled
+// tables on their own.
+#include "BoundedExit.h"
+#include "GlobalImpl.h"
+#include "HorizontalScrollBarImpl.h"
+#include "QRVStatusBar.h"
+#include "SimEngine.h"
+#include "TableEnum.h"
+#include "TableEnumMulti.h"
+#include "TableImpl.h"
+#include "TableViewImpl.h"
+#include "TestSupport.h"
+#include "VerticalScrollBarImpl.h"
+
+#include <Brenmoor.hh>
+
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QtTest>
+
+using Kelvane::gui::ScrollBarImpl;
+using Kelvane::gui::TableEnum;
+using Kelvane::gui::TableEnumMulti;
+using Kelvane::gui::TableImpl;
+using Kelvane::gui::TableViewImpl;
+
+namespace {
+
+std::vector<SimEnumEntry> entries(const QList<QPair<int, QString>>& list)
+{
+    std::vector<SimEnumEntry> result;
+    for (const auto& entry : list)
+        result.push_back({entry.first, entry.second.toStdString(), true});
+    return result;
+}
+
+const QList<QPair<int, QString>> modes{{10, "Alpha"}, {20, "Beta"}, {30, "Gamma"}};
+
+TableViewImpl* viewOf(QWidget& table) { return table.findChild<TableViewImpl*>(); }
+
+int selectedRow(QWidget& table)
+{
+    const QModelIndexList rows = viewOf(table)->selectionModel()->selectedRows();
+    return rows.size() == 1 ? rows.first().row() : -1;
+}
+
+QString cellText(QWidget& table, int row, int column)
+{
+    return viewOf(table)->model()->index(row, column).data().toString();
+}
+
+void touchRow(QWidget& table, int row)
+{
+    TableViewImpl* view = viewOf(table);
+    const QPoint centre = view->visualRect(view->model()->index(row, 0)).center();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+}
+
+} // namespace
+
+class TestTables : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void samplesSelectTheRow_data();
+    void samplesSelectTheRow();
+    void touchSendsTheRowsValue_data();
+    void touchSendsTheRowsValue();
+    void refusedSendIsRetriedOnce_data();
+    void refusedSendIsRetriedOnce();
+    void transportFailureIsNotRetried();
+    void paramsSampleRefetchesTheList();
+    void splitLabelsFillColumns();
+    void columnWidthsArePercentagesOfTheView();
+    void multiColumnsStayRowAligned();
+    void multiParamsSampleRefillsItsColumn();
+    void tablesAreSmallAndNamed();
+    void sizeWordsChooseTheSheet();
+    void scrollBarStyle_data();
+    void scrollBarStyle();
+    void cellTouchSelectsTheWholeRow();
+    void releaseOutsideCellsEmitsNothing();
+    void looks();
+
+private:
+    // Topics are volatile: wait until the table's readers match the engine's writers.
+    template<class Table>
+    void bind(Table& table, const char* name)
+    {
+        table.bindAttribute(m_engine->attribute(name));
+        QTest::qWait(500);
+    }
+
+    std::unique_ptr<SimEngine> m_engine;
+    QRVStatusBar* m_statusBar = nullptr;
+};
+
+void TestTables::initTestCase()
+{
+    m_engine = std::make_unique<SimEngine>();
+    for (const char* name : {"Mode", "Band", "Filter", "Detector"}) {
+        SimAttributeSetup setup;
+        setup.name = name;
+        setup.kind = SimKind::AttribEnum;
+        m_engine->addAttribute(setup);
+    }
+    m_statusBar = new QRVStatusBar;
+    GlobalImpl::getInstance()->setStatusBar(m_statusBar);
+}
+
+void TestTables::init()
+{
+    m_engine->setEnumEntries("Mode", entries(modes));
+    m_engine->setValue("Mode", std::int64_t(20));
+    m_engine->setEnumEntries("Band", entries({{1, "Low"}, {2, "High"}}));
+    m_engine->setValue("Band", std::int64_t(1));
+    m_engine->setEnumEntries("Filter", entries({{5, "Narrow"}, {6, "Mid"}, {7, "Wide"}, {8, "Open"}}));
+    m_engine->setValue("Filter", std::int64_t(5));
+    m_engine->setEnumEntries("Detector", entries({{0, "Peak"}, {1, "RMS"}, {2, "Average"}}));
+    m_engine->setValue("Detector", std::int64_t(0));
+}
+
+void TestTables::samplesSelectTheRow_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("row");
+    QTest::newRow("known value") << 30 << 2;
+    QTest::newRow("unknown value falls to the first row") << 99 << 0;
+}
+
+void TestTables::samplesSelectTheRow()
+{
+    QFETCH(int, value);
+    QFETCH(int, row);
+    TableEnum table;
+    bind(table, "Mode");
+    QCOMPARE(table.rowCount(), 3);
+    QCOMPARE(selectedRow(table), 1);
+    m_engine->setValue("Mode", std::int64_t(value));
+    QTRY_COMPARE(selectedRow(table), row);
+}
+
+void TestTables::touchSendsTheRowsValue_data()
+{
+    QTest::addColumn<bool>("readOnly");
+    QTest::addColumn<unsigned>("sends");
+    QTest::newRow("writable") << false << 1u;
+    QTest::newRow("read-only selects and sends nothing") << true << 0u;
+}
+
+void TestTables::touchSendsTheRowsValue()
+{
+    QFETCH(bool, readOnly);
+    QFETCH(unsigned, sends);
+    TableEnum table;
+    table.resize(300, 200);
+    table.setReadOnly(readOnly);
+    bind(table, "Mode");
+    QSignalSpy changes(&table, &TableEnum::valueChanged);
+    const unsigned before = m_engine->setCount("Mode");
+
+    touchRow(table, 2);
+    QCOMPARE(m_engine->setCount("Mode"), before + sends);
+    QCOMPARE(changes.count(), int(sends));
+    if (sends)
+        QCOMPARE(std::get<std::int64_t>(*m_engine->lastSetValue("Mode")), std::int64_t(30));
+    QCOMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
+}
+
+void TestTables::refusedSendIsRetriedOnce_data()
+{
+    QTest::addColumn<unsigned>("failures");
+    QTest::addColumn<int>("messages");
+    QTest::newRow("retry succeeds") << 1u << 0;
+    QTest::newRow("retry fails too") << 2u << 1;
+    QTest::newRow("third failure never tried") << 3u << 1;
+}
+
+void TestTables::refusedSendIsRetriedOnce()
+{
+    QFETCH(unsigned, failures);
+    QFETCH(int, messages);
+    TableEnum table;
+    table.setAttributeName(QStringLiteral("Mode"));
+    table.resize(300, 200);
+    bind(table, "Mode");
+    SimFailure failure;
+    failure.kind = SimFailure::Kind::Locked;
+    m_engine->failNextSet("Mode", failures, failure);
+    QSignalSpy status(m_statusBar, &QRVStatusBar::messageAdded);
+    const unsigned before = m_engine->setCount("Mode");
+
+    touchRow(table, 2);
+    QCOMPARE(m_engine->setCount("Mode"), before + 2);
+    QCOMPARE(status.count(), messages);
+    if (messages)
+        QCOMPARE(status.first().first().toString(), QStringLiteral("Mode threw an exception while sending: 30"));
+    QVERIFY(!table.isEngineLinkLost());
+    m_engine->failNextSet("Mode", 0, failure);
+}
+
+void TestTables::transportFailureIsNotRetried()
+{
+    TableEnum table;
+    table.resize(300, 200);
+    bind(table, "Mode");
+    SimFailure failure;
+    failure.kind = SimFailure::Kind::Transient;
+    m_engine->failNextSet("Mode", 1, failure);
+    const unsigned before = m_engine->setCount("Mode");
+
+    touchRow(table, 0);
+    QCOMPARE(m_engine->setCount("Mode"), before + 1);
+    QVERIFY(table.isEngineLinkLost());
+    touchRow(table, 2);
+    QCOMPARE(m_engine->setCount("Mode"), before + 1);
+}
+
+void TestTables::paramsSampleRefetchesTheList()
+{
+    TableEnum table;
+    bind(table, "Mode");
+    m_engine->setEnumEntries("Mode", entries({{20, "Beta"}, {40, "Delta"}, {50, "Epsilon"}, {60, "Zeta"}}));
+    QTRY_COMPARE(table.rowCount(), 4);
+    QCOMPARE(cellText(table, 1, 0), QStringLiteral("   Delta"));
+    QCOMPARE(selectedRow(table), 0);
+    QCOMPARE(table.getLiteral(60), QStringLiteral("   Zeta"));
+    QVERIFY(table.literalExists(QStringLiteral("   Epsilon")));
+    QVERIFY(!table.literalExists(QStringLiteral("   Alpha")));
+}
+
+void TestTables::splitLabelsFillColumns()
+{
+    m_engine->setEnumEntries("Mode", entries({{10, "Alpha,1 MHz,fast"}, {20, "Beta,2 MHz"}}));
+    TableEnum table;
+    table.setSplitByCSV(true);
+    table.setColumnHeading(QStringLiteral("Name,Span,Speed"));
+    bind(table, "Mode");
+    QCOMPARE(table.getColumnHeading(), QStringLiteral("Name,Span,Speed"));
+    QCOMPARE(cellText(table, 0, 0), QStringLiteral("   Alpha"));
+    QCOMPARE(cellText(table, 0, 2), QStringLiteral("   fast"));
+    QCOMPARE(cellText(table, 1, 1), QStringLiteral("   2 MHz"));
+    QCOMPARE(selectedRow(table), 1);
+}
+
+void TestTables::columnWidthsArePercentagesOfTheView()
+{
+    TableEnum table;
+    table.setColumnHeading(QStringLiteral("Name,Value"));
+    viewOf(table)->resize(200, 100);
+    table.setColumnWidths(QStringLiteral("30,70"));
+    QCOMPARE(viewOf(table)->columnWidth(0), 60);
+    QCOMPARE(viewOf(table)->columnWidth(1), 140);
+    QCOMPARE(table.getColumnWidths(), QStringLiteral("30,70"));
+}
+
+void TestTables::multiColumnsStayRowAligned()
+{
+    TableEnumMulti table;
+    table.resize(400, 240);
+    table.bindAttribute(m_engine->attribute("Band"));
+    table.bindAttribute(m_engine->attribute("Filter"));
+    table.bindAttribute(m_engine->attribute("Detector"));
+    QTest::qWait(500);
+    QStandardItemModel* model = qobject_cast<QStandardItemModel*>(viewOf(table)->model());
+    QCOMPARE(model->columnCount(), 3);
+    QCOMPARE(model->rowCount(), 4);
+    QCOMPARE(table.getMaxParamLength(), 4);
+    QCOMPARE(model->item(1, 0)->text(), QStringLiteral("High"));
+    QCOMPARE(model->item(1, 1)->text(), QStringLiteral("Mid"));
+    QCOMPARE(model->item(1, 2)->text(), QStringLiteral("RMS"));
+    QCOMPARE(model->item(3, 0), nullptr);
+    QCOMPARE(model->item(3, 2), nullptr);
+    QCOMPARE(table.getLiteral(7, 1), QStringLiteral("Wide"));
+
+    // A sample of one column moves the one selected row.
+    m_engine->setValue("Filter", std::int64_t(7));
+    QTRY_COMPARE(selectedRow(table), 2);
+
+    // Row 3 exists only in the Filter column: one set, to that column alone.
+    QSignalSpy changes(&table, &TableEnumMulti::valueChanged);
+    const unsigned band = m_engine->setCount("Band");
+    const unsigned filter = m_engine->setCount("Filter");
+    const unsigned detector = m_engine->setCount("Detector");
+    touchRow(table, 3);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.first().at(0).toLongLong(), 1LL);
+    QCOMPARE(m_engine->setCount("Band"), band);
+    QCOMPARE(m_engine->setCount("Filter"), filter + 1);
+    QCOMPARE(m_engine->setCount("Detector"), detector);
+    QCOMPARE(std::get<std::int64_t>(*m_engine->lastSetValue("Filter")), std::int64_t(8));
+
+    touchRow(table, 1);
+    QCOMPARE(m_engine->setCount("Band"), band + 1);
+    QCOMPARE(m_engine->setCount("Filter"), filter + 2);
+    QCOMPARE(m_engine->setCount("Detector"), detector + 1);
+}
+
+void TestTables::multiParamsSampleRefillsItsColumn()
+{
+    TableEnumMulti table;
+    table.bindAttribute(m_engine->attribute("Band"));
+    table.bindAttribute(m_engine->attribute("Detector"));
+    table.setColumnHeading(QStringLiteral("Band"));
+    table.setColumnHeading(QStringLiteral("Detector"), 1);
+    QTest::qWait(500);
+    QStandardItemModel* model = qobject_cast<QStandardItemModel*>(viewOf(table)->model());
+    QCOMPARE(model->rowCount(), 3);
+
+    m_engine->setEnumEntries("Band", entries({{1, "Low"}, {2, "High"}, {3, "Ultra"}, {4, "Extreme"}, {5, "Max"}}));
+    QTRY_COMPARE(model->rowCount(), 5);
+    QCOMPARE(model->item(4, 0)->text(), QStringLiteral("Max"));
+    QCOMPARE(model->item(2, 1)->text(), QStringLiteral("Average"));
+    QCOMPARE(model->item(3, 1), nullptr);
+
+    m_engine->setEnumEntries("Band", entries({{1, "Low"}}));
+    QTRY_COMPARE(model->rowCount(), 3);
+    QCOMPARE(model->item(1, 0), nullptr);
+    QCOMPARE(table.getColumnHeading(1), QStringLiteral("Detector"));
+    QCOMPARE(table.getColumnHeading(), QStringLiteral("Band"));
+}
+
+void TestTables::tablesAreSmallAndNamed()
+{
+    TableImpl table;
+    TableViewImpl view;
+    QCOMPARE(table.sizeHint(), QSize(75, 75));
+    QCOMPARE(table.minimumSizeHint(), QSize(75, 75));
+    QCOMPARE(view.sizeHint(), QSize(75, 75));
+    QCOMPARE(view.minimumSizeHint(), QSize(75, 75));
+    QCOMPARE(table.objectName(), QStringLiteral("RuvellTable"));
+    QCOMPARE(view.objectName(), QStringLiteral("RuvellTableView"));
+    QVERIFY(qobject_cast<Kelvane::gui::VerticalScrollBarImpl*>(table.verticalScrollBar()));
+    QVERIFY(qobject_cast<Kelvane::gui::HorizontalScrollBarImpl*>(view.horizontalScrollBar()));
+}
+
+void TestTables::sizeWordsChooseTheSheet()
+{
+    for (QAbstractItemView* table : std::initializer_list<QAbstractItemView*>{new TableImpl, new TableViewImpl}) {
+        QScopedPointer<QAbstractItemView> owner(table);
+        const QString max = table->styleSheet();
+        QVERIFY(QMetaObject::invokeMethod(table, "changeSize", Q_ARG(QString, QStringLiteral("Min"))));
+        const QString min = table->styleSheet();
+        QVERIFY(min != max);
+        QVERIFY(QMetaObject::invokeMethod(table, "changeSize", Q_ARG(QString, QStringLiteral("Thumb"))));
+        QCOMPARE(table->styleSheet(), min);
+        QVERIFY(QMetaObject::invokeMethod(table, "changeSize", Q_ARG(QString, QStringLiteral("Max"))));
+        QCOMPARE(table->styleSheet(), max);
+    }
+}
+
+void TestTables::scrollBarStyle_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("barStyle");
+    QTest::newRow("default leaves the bars") << int(TableImpl::RV_DEFAULT) << int(ScrollBarImpl::Default);
+    QTest::newRow("with scroll arrows") << int(TableImpl::WITH_SCROLL_ARROWS) << int(ScrollBarImpl::Thin);
+}
+
+void TestTables::scrollBarStyle()
+{
+    QFETCH(int, style);
+    QFETCH(int, barStyle);
+    TableImpl table;
+    QVERIFY(table.setProperty("ScrollBarStyle", style));
+    QCOMPARE(int(table.getScrollBarStyle()), style);
+    for (QScrollBar* bar : {table.verticalScrollBar(), table.horizontalScrollBar()})
+        QCOMPARE(int(qobject_cast<ScrollBarImpl*>(bar)->scrollBarStyle()), barStyle);
+}
+
+void TestTables::cellTouchSelectsTheWholeRow()
+{
+    TableImpl table;
+    table.setRowCount(3);
+    table.setColumnCount(3);
+    table.onCellClicked(1, 1);
+    QCOMPARE(table.selectionModel()->selectedIndexes().size(), 3);
+    for (const QModelIndex& index : table.selectionModel()->selectedIndexes())
+        QCOMPARE(index.row(), 1);
+    QCOMPARE(table.currentColumn(), 1);
+}
+
+void TestTables::releaseOutsideCellsEmitsNothing()
+{
+    QStandardItemModel model(2, 1);
+    TableViewImpl view;
+    view.setModel(&model);
+    view.resize(200, 200);
+    QSignalSpy highlights(&view, &TableViewImpl::highlightChanged);
+    QSignalSpy presses(&view, &TableViewImpl::mousePressed);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 150));
+    QCOMPARE(highlights.count(), 0);
+    QCOMPARE(presses.count(), 0);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, view.visualRect(model.index(1, 0)).center());
+    QCOMPARE(highlights.count(), 1);
+    QCOMPARE(presses.count(), 1);
+}
+
+void TestTables::looks()
+{
+    for (const QString& size : {QStringLiteral("Max"), QStringLiteral("Min")}) {
+        QWidget screen;
+        screen.setObjectName(QStringLiteral("screen"));
+        screen.setStyleSheet(QStringLiteral("QWidget#screen { background-color: #101418; }"));
+        screen.resize(960, 260);
+
+        auto* table = new TableImpl(&screen);
+        table->setGeometry(10, 10, 300, 240);
+        table->setColumnCount(2);
+        table->setRowCount(6);
+        table->setHorizontalHeaderLabels({QStringLiteral("Marker"), QStringLiteral("Level")});
+        for (int r = 0; r < 6; ++r) {
+            table->setItem(r, 0, new QTableWidgetItem(QStringLiteral("M%1").arg(r + 1)));
+            table->setItem(r, 1, new QTableWidgetItem(QStringLiteral("-%1.5 dBm").arg(20 + r)));
+        }
+        table->onCellClicked(2, 1);
+        table->changeSize(size);
+
+        auto* enumTable = new TableEnum(&screen);
+        enumTable->setGeometry(320, 10, 300, 240);
+        enumTable->setSplitByCSV(true);
+        enumTable->setColumnHeading(QStringLiteral("Mode,Span"));
+        enumTable->setColumnWidths(QStringLiteral("50,50"));
+        m_engine->setEnumEntries("Mode", entries({{10, "Alpha,1 MHz"}, {20, "Beta,2 MHz"}, {30, "Gamma,5 MHz"}}));
+        enumTable->bindAttribute(m_engine->attribute("Mode"));
+        viewOf(*enumTable)->changeSize(size);
+
+        auto* multi = new TableEnumMulti(&screen);
+        multi->setGeometry(630, 10, 320, 240);
+        multi->bindAttribute(m_engine->attribute("Band"));
+        multi->bindAttribute(m_engine->attribute("Filter"));
+        multi->setColumnHeading(QStringLiteral("Band"));
+        multi->setColumnHeading(QStringLiteral("Filter"), 1);
+        viewOf(*multi)->changeSize(size);
+
+        screen.show();
+        QTest::qWait(50);
+        const QImage image = TestSupport::savePng(&screen, QStringLiteral("tables_") + size.toLower());
+        QVERIFY(!image.isNull());
+    }
+}
+
+RV_TEST_MAIN_BOUNDED_EXIT(TestTables, QApplication)
+#include "tst_tables.moc"
