@@ -36,6 +36,15 @@ QString QRVUtil::demotedSize(const QString& size)
     return size;
 }
 
+void QRVUtil::applyMaxMinSheet(QWidget* widget, const QString& size, const QString& maxSheet,
+                               const QString& minSheet)
+{
+    if (size == QLatin1String("Max"))
+        widget->setStyleSheet(maxSheet);
+    else if (size == QLatin1String("Min"))
+        widget->setStyleSheet(minSheet);
+}
+
 QPoint QRVUtil::centredOn(const QWidget* anchor, const QWidget* other)
 {
     return QPoint(anchor->x() + anchor->width() / 2 - other->width() / 2,

@@ -28,6 +28,13 @@ public:
     //! On the small portrait screen "Max" is shown as "Min"; other words pass.
     static QString demotedSize(const QString& size);
 
+    /*!
+      Applies to \a widget the sheet of \a size for a widget that knows the
+      words "Max" and "Min"; any other word changes nothing.
+    */
+    static void applyMaxMinSheet(QWidget* widget, const QString& size, const QString& maxSheet,
+                                 const QString& minSheet);
+
     //! Top-left corner that centres \a other on \a anchor (integer halves).
     static QPoint centredOn(const QWidget* anchor, const QWidget* other);
 };

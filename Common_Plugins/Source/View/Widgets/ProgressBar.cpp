@@ -65,10 +65,7 @@ QString ProgressBar::styleSheetFor(int labelFontPx, int frameHeightPx, int barPa
 
 void ProgressBar::changeSize(const QString& size)
 {
-    if (size == QLatin1String("Max"))
-        setStyleSheet(m_styleMax);
-    else if (size == QLatin1String("Min"))
-        setStyleSheet(m_styleMin);
+    QRVUtil::applyMaxMinSheet(this, size, m_styleMax, m_styleMin);
 }
 
 void ProgressBar::setMinimum(int minimum) { m_bar->setMinimum(minimum); }

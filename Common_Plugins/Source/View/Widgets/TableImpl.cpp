@@ -1,6 +1,7 @@
 #include "TableImpl.h"
 
 #include "CSS.h"
+#include "QRVUtil.h"
 #include "HorizontalScrollBarImpl.h"
 #include "VerticalScrollBarImpl.h"
 
@@ -40,10 +41,7 @@ QString TableImpl::styleSheetFor(int fontPx, int headerFontPx)
 
 void TableImpl::changeSize(const QString& size)
 {
-    if (size == QLatin1String("Max"))
-        setStyleSheet(m_styleMax);
-    else if (size == QLatin1String("Min"))
-        setStyleSheet(m_styleMin);
+    QRVUtil::applyMaxMinSheet(this, size, m_styleMax, m_styleMin);
 }
 
 void TableImpl::onCellClicked(int row, int column)

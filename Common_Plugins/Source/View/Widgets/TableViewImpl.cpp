@@ -1,6 +1,7 @@
 #include "TableViewImpl.h"
 
 #include "HorizontalScrollBarImpl.h"
+#include "QRVUtil.h"
 #include "VerticalScrollBarImpl.h"
 
 #include <QHeaderView>
@@ -44,10 +45,7 @@ QString TableViewImpl::styleSheetFor(int fontPx, int headerFontPx)
 
 void TableViewImpl::changeSize(const QString& size)
 {
-    if (size == QLatin1String("Max"))
-        setStyleSheet(m_styleMax);
-    else if (size == QLatin1String("Min"))
-        setStyleSheet(m_styleMin);
+    QRVUtil::applyMaxMinSheet(this, size, m_styleMax, m_styleMin);
 }
 
 void TableViewImpl::mousePressEvent(QMouseEvent* event)
