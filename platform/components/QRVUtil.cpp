@@ -36,13 +36,16 @@ QString QRVUtil::demotedSize(const QString& size)
     return size;
 }
 
-void QRVUtil::applyMaxMinSheet(QWidget* widget, const QString& size, const QString& maxSheet,
+bool QRVUtil::applyMaxMinSheet(QWidget* widget, const QString& size, const QString& maxSheet,
                                const QString& minSheet)
 {
     if (size == QLatin1String("Max"))
         widget->setStyleSheet(maxSheet);
     else if (size == QLatin1String("Min"))
         widget->setStyleSheet(minSheet);
+    else
+        return false;
+    return true;
 }
 
 QPoint QRVUtil::centredOn(const QWidget* anchor, const QWidget* other)

@@ -30,9 +30,9 @@ public:
 
     /*!
       Applies to \a widget the sheet of \a size for a widget that knows the
-      words "Max" and "Min"; any other word changes nothing.
+      words "Max" and "Min"; any other word changes nothing and gives false.
     */
-    static void applyMaxMinSheet(QWidget* widget, const QString& size, const QString& maxSheet,
+    static bool applyMaxMinSheet(QWidget* widget, const QString& size, const QString& maxSheet,
                                  const QString& minSheet);
 
     //! Top-left corner that centres \a other on \a anchor (integer halves).

@@ -19,10 +19,11 @@ TableEnum::TableEnum(QWidget* parent)
     : EnumTableBase(parent)
 {
     setObjectName(QStringLiteral("TableEnum"));
+    view->setOnWhitePanel(true);
     connect(view, &TableViewImpl::highlightChanged, this, &TableEnum::rowSelectedEvent);
-    // Queued from a DDS thread, which does not wait for the view: a wait
-    // could outlive the frame's teardown and hang the widget's destruction.
-    connect(this, &TableEnum::rowUpdate, this, &TableEnum::followRow);
+    // The DDS thread waits until the view has selected the row. The receiver
+    // is the table itself, whose teardown wakes a waiting DDS thread.
+    connect(this, &TableEnum::rowUpdate, this, &TableEnum::followRow, Qt::BlockingQueuedConnection);
     connect(this, &TableEnum::synchronize, this, &TableEnum::syncTable, Qt::BlockingQueuedConnection);
 }
 
@@ -140,7 +141,9 @@ void TableEnum::getCorbaValue()
     if (CORBA::is_nil(m_attribute) || !fetchValue(m_attribute, &value))
         return;
     currentValue = value;
-    emit rowUpdate(rowOfValue.rowOf(value));
+    // Always on the interface thread, where a blocking emission would wait
+    // for itself.
+    followRow(rowOfValue.rowOf(value));
 }
 
 void TableEnum::dds_callback(const char*, int value)

@@ -27,9 +27,10 @@ TableImpl::ScrollBarStyle TableImpl::getScrollBarStyle() const { return m_scroll
 
 QString TableImpl::styleSheetFor(int fontPx, int headerFontPx)
 {
-    return QStringLiteral("QTableWidget#RuvellTable { background: transparent; color: white;"
+    // Type selectors, not the object name: a form renames the table.
+    return QStringLiteral("QTableWidget { background: transparent; color: white;"
                           " gridline-color: %1; border: 2px solid %1; font-size: %2px; }"
-                          "QTableWidget#RuvellTable::item:selected { color: white; background: qlineargradient("
+                          "QTableWidget::item:selected { color: white; background: qlineargradient("
                           "x1: 0, y1: 0, x2: 0, y2: 1, stop: 0 rgba(43,225,255,225), stop: 0.5 rgba(0,0,0,150),"
                           " stop: 1 rgba(43,225,255,225)); }"
                           "QHeaderView::section, QTableCornerButton::section { background: %1; color: white;"

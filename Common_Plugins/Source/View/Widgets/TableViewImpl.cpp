@@ -1,5 +1,6 @@
 #include "TableViewImpl.h"
 
+#include "CSS.h"
 #include "HorizontalScrollBarImpl.h"
 #include "QRVUtil.h"
 #include "VerticalScrollBarImpl.h"
@@ -25,27 +26,43 @@ TableViewImpl::TableViewImpl(QWidget* parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     verticalHeader()->setVisible(false);
-    changeSize(QStringLiteral("Max"));
+    buildSheets(QStringLiteral("white"));
 }
 
 QSize TableViewImpl::sizeHint() const { return QSize(75, 75); }
 QSize TableViewImpl::minimumSizeHint() const { return QSize(75, 75); }
 
-QString TableViewImpl::styleSheetFor(int fontPx, int headerFontPx)
+// The selected row is marked in the highlight colour: black text on a
+// transparent row would vanish on the dark screen.
+QString TableViewImpl::styleSheetFor(int fontPx, int headerFontPx, const QString& ink)
 {
-    return QStringLiteral("QTableView#RuvellTableView { background: transparent; color: white;"
-                          " border: 2px solid #fff; selection-background-color: transparent;"
+    return QStringLiteral("QTableView { background: transparent; color: %3;"
+                          " border: 2px solid #fff; selection-background-color: %4;"
                           " selection-color: #000; font-size: %1px; }"
                           "QHeaderView { background: transparent; }"
-                          "QHeaderView::section { background: transparent; color: white; border: none;"
-                          " border-bottom: 2px solid #fff; padding: 1px; font-size: %2px; }")
+                          "QHeaderView::section { background: transparent; color: %3; border: none;"
+                          " border-bottom: 2px solid %3; padding: 1px; font-size: %2px; }")
         .arg(fontPx)
-        .arg(headerFontPx);
+        .arg(headerFontPx)
+        .arg(ink, CSS::highlight());
+}
+
+void TableViewImpl::buildSheets(const QString& ink)
+{
+    m_styleMax = styleSheetFor(18, 16, ink);
+    m_styleMin = styleSheetFor(14, 12, ink);
+    changeSize(m_sizeName);
+}
+
+void TableViewImpl::setOnWhitePanel(bool onWhite)
+{
+    buildSheets(onWhite ? QStringLiteral("#000") : QStringLiteral("white"));
 }
 
 void TableViewImpl::changeSize(const QString& size)
 {
-    QRVUtil::applyMaxMinSheet(this, size, m_styleMax, m_styleMin);
+    if (QRVUtil::applyMaxMinSheet(this, size, m_styleMax, m_styleMin))
+        m_sizeName = size;
 }
 
 void TableViewImpl::mousePressEvent(QMouseEvent* event)

@@ -10,8 +10,9 @@ class VerticalScrollBarImpl;
 class HorizontalScrollBarImpl;
 
 /*!
-  A borderless-grid table on a model, white text on whatever lies behind it,
-  one whole row selected at a time, with the platform's finger-sized scroll
+  A borderless-grid table on a model, white text on whatever lies behind it
+  (dark text when told it lies on a white panel), one whole row selected at
+  a time and marked in the highlight colour, with the platform's finger-sized scroll
   bars. Binds no engine attribute: it is the view under TableEnum and
   TableEnumMulti, which learn of a touched row through highlightChanged().
 
@@ -26,6 +27,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    //! Dark text, for a view laid on a white panel.
+    void setOnWhitePanel(bool onWhite);
 
 signals:
     void mousePressed();
@@ -40,12 +43,14 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    static QString styleSheetFor(int fontPx, int headerFontPx);
+    static QString styleSheetFor(int fontPx, int headerFontPx, const QString& ink);
+    void buildSheets(const QString& ink);
 
     VerticalScrollBarImpl* m_verticalScrollBar = nullptr;
     HorizontalScrollBarImpl* m_horizontalScrollBar = nullptr;
-    QString m_styleMax = styleSheetFor(18, 16);
-    QString m_styleMin = styleSheetFor(14, 12);
+    QString m_styleMax;
+    QString m_styleMin;
+    QString m_sizeName = QStringLiteral("Max");
 };
 
 } // namespace gui
