@@ -4,6 +4,41 @@
 
 #include <Brenmoor.hh>
 
+#include <QVariant>
+
+namespace {
+
+bool bindOne(WidgetBaseImpl* widget, const QString& name, Brenmoor::AttributeDirectory_ptr directory,
+             QStringList& problems)
+{
+    try {
+        widget->bindAttribute(directory->find(name.toUtf8().constData()));
+        return true;
+    } catch (const Brenmoor::AttributeDirectory::UnknownAttribute&) {
+        problems << QStringLiteral("the engine has no attribute \"%1\"").arg(name);
+    } catch (const CORBA::SystemException& error) {
+        problems << QStringLiteral("binding \"%1\" failed: %2").arg(name, QString::fromLatin1(error._name()));
+    }
+    return false;
+}
+
+// A widget that takes several attributes (a multi-column table) names the
+// others in the dynamic property "moreAttributes"; each is bound in turn and
+// heads its own column.
+void bindMore(WidgetBaseImpl* widget, Brenmoor::AttributeDirectory_ptr directory, QStringList& problems)
+{
+    const QStringList more = widget->property("moreAttributes").toString().split(QLatin1Char(','), Qt::SkipEmptyParts);
+    long column = 1;
+    for (const QString& name : more) {
+        if (!bindOne(widget, name.trimmed(), directory, problems))
+            continue;
+        QMetaObject::invokeMethod(widget, "setColumnHeading", Q_ARG(QString, name.trimmed()), Q_ARG(long, column));
+        ++column;
+    }
+}
+
+} // namespace
+
 int bindScreenToEngine(QWidget* screen, Brenmoor::AttributeDirectory_ptr directory, QStringList& problems)
 {
     int bound = 0;
@@ -11,13 +46,9 @@ int bindScreenToEngine(QWidget* screen, Brenmoor::AttributeDirectory_ptr directo
         const QString name = widget->getAttributeName();
         if (name.isEmpty() || name == QLatin1String("AttributeName"))
             continue;
-        try {
-            widget->bindAttribute(directory->find(name.toUtf8().constData()));
+        if (bindOne(widget, name, directory, problems)) {
             ++bound;
-        } catch (const Brenmoor::AttributeDirectory::UnknownAttribute&) {
-            problems << QStringLiteral("the engine has no attribute \"%1\"").arg(name);
-        } catch (const CORBA::SystemException& error) {
-            problems << QStringLiteral("binding \"%1\" failed: %2").arg(name, QString::fromLatin1(error._name()));
+            bindMore(widget, directory, problems);
         }
     }
     return bound;

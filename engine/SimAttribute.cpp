@@ -135,6 +135,7 @@ SimAttribute::SimAttribute(const SimAttributeSetup& setup, SimPublisher& publish
     , m_state{setup.value.value_or(simPayloadZero(simKindInfo(setup.kind).payload)),
               setup.limits.value_or(wholeRange(simKindInfo(setup.kind).payload)),
               setup.units, setup.xUnits, setup.enumEntries}
+    , m_setupEntries(setup.enumEntries)
     , m_simulator(setup.simulation)
 {
     if (m_name.empty())
@@ -285,6 +286,20 @@ void SimAttribute::advanceSimulation(SimSimulator::Clock::time_point now)
     const std::optional<SimValue> next = m_simulator.advance(now, m_state);
     if (next && *next != m_state.value)
         applyLocked(*next);
+    if (const auto list = m_simulator.nextList(now, m_state, m_setupEntries))
+        reshapeLocked(*list);
+}
+
+void SimAttribute::reshapeLocked(const std::vector<SimEnumEntry>& entries)
+{
+    m_state.enumEntries = entries;
+    publishSignalLocked(m_paramsWriter);
+    // A value that left the list moves to the first entry, as an engine would.
+    const std::int64_t current = std::get<std::int64_t>(m_state.value);
+    const bool listed = std::any_of(entries.begin(), entries.end(),
+                                    [&](const SimEnumEntry& e) { return e.value == current; });
+    if (!listed && !entries.empty())
+        applyLocked(std::int64_t{entries.front().value});
 }
 
 void SimAttribute::close()

@@ -80,6 +80,7 @@ private:
     void delaySetIfAsked(std::unique_lock<std::mutex>& guard);
     void failSetIfAsked();
     void applyLocked(const SimValue& value);
+    void reshapeLocked(const std::vector<SimEnumEntry>& entries);
     void publishValueLocked();
     void publishSignalLocked(SimTopicWriter& writer);
 
@@ -89,6 +90,7 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_wake;
     SimAttributeState m_state;
+    const std::vector<SimEnumEntry> m_setupEntries;
     SimSimulator m_simulator;
     std::optional<Brenmoor::LockerID> m_owner;
     unsigned m_failuresLeft = 0;

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-//! A unit as the engine sends it: scale part and base-unit part ("k", "Hz").
+//! A unit as the engine sends it: scale part and base-unit part ("0,3,0", "Hz;;;;").
 struct SimUnits
 {
     std::string scale;
@@ -36,11 +36,12 @@ struct SimEnumEntry
   Ramp runs from min to max once per period and starts again; walk moves by
   up to a tenth of the range once per period; toggle flips a boolean (a
   number swaps between min and max); cycle steps an enum to its next enabled
-  entry (a number counts up by one from min to max).
+  entry (a number counts up by one from min to max); reshape changes an
+  enum's list once per period, dropping its last entry and then restoring it.
 */
 struct SimSimulation
 {
-    enum class Kind { None, Ramp, Walk, Toggle, Cycle };
+    enum class Kind { None, Ramp, Walk, Toggle, Cycle, Reshape };
     Kind kind = Kind::None;
     int periodMs = 1000;
     double min = 0.0;

@@ -2,6 +2,8 @@
 
 #include "SimEngine.h"
 #include "SimSimulator.h"
+#include "Units.h"
+#include "ValueHelper.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -69,9 +71,18 @@ SimValue valueIn(const QJsonValue& json, SimPayload payload, const QString& wher
     fail(where, QStringLiteral("no value of this kind"));
 }
 
-SimUnits unitsIn(const QJsonObject& json)
+// A unit is written as its description; the engine sends the two halves.
+SimUnits unitsIn(const QJsonValue& json, const QString& where)
 {
-    return {json.value("scale").toString().toStdString(), json.value("base").toString().toStdString()};
+    if (json.isUndefined())
+        return {};
+    const QString text = json.toString();
+    Kelvane::Value::Units units;
+    QString error;
+    if (!ValueHelper::parseUnits(text, &units, &error))
+        fail(where, error);
+    const int colon = text.indexOf(QLatin1Char(':'));
+    return {text.left(colon).toStdString(), text.mid(colon + 1).toStdString()};
 }
 
 SimLimits limitsIn(const QJsonObject& json, const QString& where)
@@ -96,7 +107,8 @@ SimSimulation simulationIn(const QJsonObject& json, const QString& where)
     static const QMap<QString, SimSimulation::Kind> kinds = {{"ramp", SimSimulation::Kind::Ramp},
                                                              {"walk", SimSimulation::Kind::Walk},
                                                              {"toggle", SimSimulation::Kind::Toggle},
-                                                             {"cycle", SimSimulation::Kind::Cycle}};
+                                                             {"cycle", SimSimulation::Kind::Cycle},
+                                                             {"reshape", SimSimulation::Kind::Reshape}};
     const QString kind = json.value("kind").toString();
     if (!kinds.contains(kind))
         fail(where, QStringLiteral("unknown simulation \"%1\"").arg(kind));
@@ -123,8 +135,8 @@ SimAttributeSetup attributeIn(const QJsonObject& json)
         setup.value = valueIn(json.value("value"), simKindInfo(*kind).payload, where + "/value");
     if (json.contains("limits"))
         setup.limits = limitsIn(json.value("limits").toObject(), where);
-    setup.units = unitsIn(json.value("units").toObject());
-    setup.xUnits = unitsIn(json.value("x_units").toObject());
+    setup.units = unitsIn(json.value("units"), where + "/units");
+    setup.xUnits = unitsIn(json.value("x_units"), where + "/x_units");
     setup.enumEntries = entriesIn(json.value("enum").toArray(), where);
     if (json.contains("simulation"))
         setup.simulation = simulationIn(json.value("simulation").toObject(), where + "/simulation");

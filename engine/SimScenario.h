@@ -16,7 +16,7 @@ class SimEngine;
     { "attributes": [
         { "name": "Frequency", "kind": "EngineAttribDouble", "value": 1e9,
           "limits": { "lower": 1e3, "upper": 6e9, "step": 1e6 },
-          "units": { "scale": "", "base": "Hz" },
+          "units": "0,0,0:Hz;;;;",
           "simulation": { "kind": "walk", "period_ms": 500, "min": 1e9, "max": 2e9 } },
         { "name": "Mode", "kind": "EngineAttribEnum", "value": 0,
           "enum": [ { "value": 0, "label": "Auto" }, { "value": 1, "label": "Manual", "enabled": false } ] } ] }
@@ -24,7 +24,8 @@ class SimEngine;
   "kind" is the bare interface name. "value" is a number, boolean or
   string as the kind wants, an array of numbers for a basic trace and of
   [i, q] pairs for a complex one; a trace's x axis runs over its limits in
-  "x_units". Everything but name and kind may be left out.
+  "x_units". Units are unit descriptions, as a form's unit list has them.
+  Everything but name and kind may be left out.
 */
 class SimScenario
 {

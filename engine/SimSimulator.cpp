@@ -22,7 +22,7 @@ bool SimSimulator::suits(const SimSimulation& simulation, SimKind kind)
     if (simulation.periodMs <= 0 || simulation.max < simulation.min)
         return false;
     if (info.enumerated)
-        return simulation.kind == Kind::Cycle;
+        return simulation.kind == Kind::Cycle || simulation.kind == Kind::Reshape;
     switch (info.payload) {
     case SimPayload::Boolean:
         return simulation.kind == Kind::Toggle;
@@ -37,7 +37,7 @@ bool SimSimulator::suits(const SimSimulation& simulation, SimKind kind)
 
 std::optional<SimValue> SimSimulator::advance(Clock::time_point now, const SimAttributeState& state)
 {
-    if (m_simulation.kind == Kind::None || !due(now))
+    if (m_simulation.kind == Kind::None || m_simulation.kind == Kind::Reshape || !due(now))
         return std::nullopt;
     if (const bool* flag = std::get_if<bool>(&state.value))
         return SimValue(!*flag);
@@ -79,9 +79,20 @@ double SimSimulator::nextNumber(Clock::time_point now, double current)
     case Kind::Cycle:
         return current + 1.0 > m_simulation.max ? m_simulation.min : current + 1.0;
     case Kind::None:
+    case Kind::Reshape:
         break;
     }
     return current;
+}
+
+std::optional<std::vector<SimEnumEntry>> SimSimulator::nextList(Clock::time_point now, const SimAttributeState& state,
+                                                                const std::vector<SimEnumEntry>& whole)
+{
+    if (m_simulation.kind != Kind::Reshape || whole.empty() || !due(now))
+        return std::nullopt;
+    if (state.enumEntries.size() < whole.size())
+        return whole;
+    return std::vector<SimEnumEntry>(whole.begin(), whole.end() - 1);
 }
 
 SimValue SimSimulator::nextEntry(const SimAttributeState& state)

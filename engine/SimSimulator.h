@@ -24,6 +24,9 @@ public:
 
     //! The next value, when the simulation moves at `now`.
     std::optional<SimValue> advance(Clock::time_point now, const SimAttributeState& state);
+    //! The next enumerator list, when a reshape moves at `now`: \a whole without its last entry, or whole again.
+    std::optional<std::vector<SimEnumEntry>> nextList(Clock::time_point now, const SimAttributeState& state,
+                                                      const std::vector<SimEnumEntry>& whole);
 
 private:
     bool due(Clock::time_point now);

@@ -172,6 +172,7 @@ private slots:
     void enumListChangeIsAnnounced();
     void limitsChangeIsAnnounced();
     void rampMovesTheValue();
+    void reshapeChangesTheListAndKeepsTheValueListed();
     void scenarioRejectsBadInput_data();
     void scenarioRejectsBadInput();
 
@@ -202,11 +203,11 @@ void TestSimEngine::initTestCase()
     }
 
     SimAttributeSetup span = setup("Span", SimKind::AttribDouble, 50.0, SimLimits{0, 100, 1});
-    span.units = {"k", "Hz"};
+    span.units = {"0,3,0", "Hz;;;;"};
     m_engine->addAttribute(span);
     m_engine->addAttribute(setup("Count", SimKind::AttribLong, std::int64_t{5}, SimLimits{0, 10, 1}));
     SimAttributeSetup gain = setup("Gain", SimKind::AttribValueDouble, 1.5, SimLimits{-10, 10, 0.5});
-    gain.units = {"", "dB"};
+    gain.units = {"10,0,0", "1;;;;"};
     m_engine->addAttribute(gain);
     SimAttributeSetup band = setup("Band", SimKind::AttribEnum, std::int64_t{0});
     band.enumEntries = {{0, "Low", true}, {1, "Mid", true}, {2, "High", false}};
@@ -214,12 +215,16 @@ void TestSimEngine::initTestCase()
     m_engine->addAttribute(setup("Mute", SimKind::AttribBoolean, false));
     m_engine->addAttribute(setup("Marker", SimKind::ReadingLong, std::int64_t{0}));
     SimAttributeSetup meter = setup("Meter", SimKind::ReadingMeterReading, 12.0, SimLimits{-20, 10, 1});
-    meter.units = {"m", "V"};
+    meter.units = {"0,-3,0", "V;;;;"};
     m_engine->addAttribute(meter);
     m_engine->addAttribute(setup("Trace", SimKind::BasicTrace, std::vector<float>{1, 2, 3}, SimLimits{0, 100, 1}));
     SimAttributeSetup ramp = setup("Ramp", SimKind::ReadingLong, std::int64_t{0});
     ramp.simulation = {SimSimulation::Kind::Ramp, 1000, 0, 100};
     m_engine->addAttribute(ramp);
+    SimAttributeSetup filter = setup("Filter", SimKind::AttribEnum, std::int64_t{3});
+    filter.enumEntries = {{1, "Narrow", true}, {2, "Wide", true}, {3, "Open", true}};
+    filter.simulation = {SimSimulation::Kind::Reshape, 500, 0, 0};
+    m_engine->addAttribute(filter);
 
     // Through the ORB from a stringified reference, as a host finds the engine.
     Brenmoor::AttributeDirectory_var local = m_engine->directory();
@@ -290,7 +295,7 @@ void TestSimEngine::recordsCarryUnitsAndLimits()
 {
     auto gain = narrowed<Brenmoor::EngineAttribValueDouble>(m_directory, "Gain");
     Brenmoor::VALUE_DOUBLE::VALUE_var value = gain->value();
-    QCOMPARE(QString(value->units.base.in()), QStringLiteral("dB"));
+    QCOMPARE(QString(value->units.scale.in()), QStringLiteral("10,0,0"));
     QCOMPARE(value->lowerLimit, -10.0);
     QCOMPARE(value->upperLimit, 10.0);
     QCOMPARE(value->currentValue, 1.5);
@@ -299,7 +304,7 @@ void TestSimEngine::recordsCarryUnitsAndLimits()
     Brenmoor::MeterReading::ReadingList_var reading = meter->value();
     QCOMPARE(reading->readings.length(), CORBA::ULong(1));
     QCOMPARE(reading->readings[0].value, 12.0);
-    QCOMPARE(QString(reading->readings[0].units.scale.in()), QStringLiteral("m"));
+    QCOMPARE(QString(reading->readings[0].units.scale.in()), QStringLiteral("0,-3,0"));
     QCOMPARE(reading->upperLimit.currentValue, 10.0);
     QVERIFY2(reading->flag3, "a reading above the upper limit is flagged over limit");
 
@@ -341,8 +346,8 @@ void TestSimEngine::setOfValueRecordKeepsEngineUnits()
 {
     auto gain = narrowed<Brenmoor::EngineAttribValueDouble>(m_directory, "Gain");
     Brenmoor::VALUE_DOUBLE::VALUE sent;
-    sent.units.scale = "m";
-    sent.units.base = "W";
+    sent.units.scale = "0,-3,0";
+    sent.units.base = "W;;;;";
     sent.lowerLimit = -1000;
     sent.upperLimit = 1000;
     sent.currentValue = 2.5;
@@ -351,7 +356,7 @@ void TestSimEngine::setOfValueRecordKeepsEngineUnits()
 
     Brenmoor::VALUE_DOUBLE::VALUE_var value = gain->value();
     QCOMPARE(value->currentValue, 2.5);
-    QCOMPARE(QString(value->units.base.in()), QStringLiteral("dB"));
+    QCOMPARE(QString(value->units.scale.in()), QStringLiteral("10,0,0"));
     QCOMPARE(value->upperLimit, 10.0);
 }
 
@@ -492,6 +497,24 @@ void TestSimEngine::rampMovesTheValue()
     QVERIFY(second->value() >= 0 && second->value() <= 100);
 }
 
+void TestSimEngine::reshapeChangesTheListAndKeepsTheValueListed()
+{
+    auto filter = narrowed<Brenmoor::EngineAttribEnum>(m_directory, "Filter");
+    CORBA::String_var paramsTopic = filter->paramsTopic();
+    SignalReader reader(paramsTopic.in());
+    QVERIFY(reader.waitForWriter());
+
+    // Whichever phase the first announcement catches, the next one has the other length.
+    QVERIFY(reader.next());
+    const CORBA::ULong before = Brenmoor::EngineAttribEnumParams_var(filter->params())->length();
+    QVERIFY(reader.next());
+    const CORBA::ULong after = Brenmoor::EngineAttribEnumParams_var(filter->params())->length();
+    QCOMPARE(std::minmax(before, after), std::minmax(CORBA::ULong(2), CORBA::ULong(3)));
+    // The value 3 cannot stay set while "Open" is missing.
+    if (after == 2)
+        QCOMPARE(filter->value(), 1);
+}
+
 void TestSimEngine::scenarioRejectsBadInput_data()
 {
     QTest::addColumn<QByteArray>("json");
@@ -514,6 +537,9 @@ void TestSimEngine::scenarioRejectsBadInput_data()
     QTest::newRow("unknown simulation")
         << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingLong","simulation":{"kind":"spin"}}]})")
         << "spin";
+    QTest::newRow("malformed unit")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineAttribDouble","units":"0,7,0:Hz;;;;"}]})")
+        << "exponent";
 }
 
 void TestSimEngine::scenarioRejectsBadInput()
