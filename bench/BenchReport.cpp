@@ -6,12 +6,15 @@
 #include <cstdio>
 #include <vector>
 
-void benchReport(const char* what, int rounds, const std::function<void()>& step)
+void benchReport(const char* what, int rounds, const std::function<void()>& step,
+                 const std::function<void()>& prepare)
 {
     std::vector<qint64> samples;
     samples.reserve(rounds);
     QElapsedTimer timer;
     for (int i = 0; i < rounds; ++i) {
+        if (prepare)
+            prepare();
         timer.start();
         step();
         samples.push_back(timer.nsecsElapsed());

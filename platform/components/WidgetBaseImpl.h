@@ -111,8 +111,14 @@ public slots:
     //! Applies the look of a size word ("Max", "Min", "Thumb"); none in the frame.
     virtual void changeSize(const QString& size);
 
-protected:
+    /*!
+      Asks for the one entry mechanism of the interface; DisplayEntryMechanism()
+      follows when it is granted. Public, since a field opens the mechanism
+      of a selector it embeds.
+    */
     void acquireLock();
+
+protected:
     virtual void setLockImageVisible(const bool& visible);
 
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -224,6 +224,11 @@ void DDS_SubscriberBase<T, F>::deliver(const T& value)
             Payload::call(m_callback, m_topicName.c_str(), value);
         } catch (const boost::bad_function_call& error) {
             std::cerr << m_topicName << ": " << error.what() << std::endl;
+        } catch (const CORBA::Exception& error) {
+            // A sample the widget cannot use costs that sample, never the host.
+            std::cerr << m_topicName << ": the sample was refused: " << error._name() << std::endl;
+        } catch (const std::exception& error) {
+            std::cerr << m_topicName << ": the sample was refused: " << error.what() << std::endl;
         }
     });
 }

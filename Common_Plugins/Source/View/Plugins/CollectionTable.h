@@ -67,7 +67,7 @@ RV_COLLECTION_ROW(TopLevel, MeterBarPlugin,
 RV_COLLECTION_ROW(TopLevel, NumericEntryPlugin,
     "NumericEntryImpl", "Ruvell", "NumericEntryImpl.h", false,
     "NumericEntry", "Numeric entry with keypad, slider, etc.",
-    A, "NumericEntry", Listed, RV_NOT_IN_TREE)
+    A, "NumericEntry", Listed, RV_MADE_BY(NumericEntryImpl))
 
 RV_COLLECTION_ROW(TopLevel, PlotPlugin,
     "Kelvane::gui::PlotManagerImpl", "Ruvell", "PlotManagerImpl.h", false,

@@ -1,0 +1,91 @@
+#ifndef BASEENTRYIMPL_H
+#define BASEENTRYIMPL_H
+
+#include "ContainerImpl.h"
+
+#include <QMap>
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRegExpValidator;
+
+/*!
+  The frame shared by the entry mechanisms, the pop-ups through which an
+  operator changes the value of a field: a black translucent panel with a
+  read-only echo of the value at the top and, below it, the entry frame that
+  holds the pad's buttons. Keys edit the field (the target) and the echo
+  together; a derived pad builds its keys with createButton() and keeps them
+  by name with addButton().
+*/
+class BaseEntryImpl : public ContainerImpl
+{
+    Q_OBJECT
+
+public:
+    //! \a target is the field's QLineEdit, or null for a pad that edits only its echo.
+    BaseEntryImpl(QObject* target, QWidget* parent, int width, int height);
+    ~BaseEntryImpl() override;
+
+    //! A parentless key that never takes the focus; clicked() goes to \a member, a SLOT() or SIGNAL() of the pad.
+    QPushButton* createButton(const QString& text, const char* member, const QString& name);
+    void addButton(const QString& key, QPushButton* button);
+    //! Null for a key not (or no longer) held.
+    QPushButton* getButton(const QString& key) const;
+    void removeButton(const QString& key);
+    void clearAllButtons();
+
+    //! Shows \a text in the echo only.
+    virtual void setValue(const QString& text);
+    //! Puts \a text into the field and the echo, unless the validator refuses it.
+    void setText(const QString& text);
+    void clear();
+    void setCursorPosition(int position);
+    //! Replaces the field's selection by \a text and leaves the cursor behind it, in both edits.
+    void insert(const QString& text);
+    //! Both the field and the echo exist.
+    bool hasValidEdits() const;
+
+    int getWidth() const;
+    void setWidth(int width);
+    int getHeight() const;
+    void setHeight(int height);
+
+    QLayout* getEntryMechanismLayout();
+    virtual QFrame* getEntryFrame();
+    virtual QFrame* getMainFrame();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    void cancelEntry();
+    void clearEntry();
+
+protected slots:
+    //! Inserts the text of the key that was pressed.
+    virtual void buttonPress();
+
+protected:
+    //! Lays out the frame; a derived pad calls it first from its own.
+    virtual void Initialize();
+
+    QString m_styleText;
+    QLineEdit* m_targetEdit = nullptr;
+    QLineEdit* m_echoEdit = nullptr;
+    QLabel* m_gapLabel = nullptr;
+
+private:
+    //! Runs \a apply on the field and the echo, each if it exists.
+    template<typename Apply>
+    void forEachEdit(Apply apply);
+
+    QRegExpValidator* m_validator = nullptr;
+    int m_padWidth = 0;
+    int m_padHeight = 0;
+    QMap<QString, QPushButton*> m_buttons;
+    QFrame* m_mainFrame = nullptr;
+    QFrame* m_entryFrame = nullptr;
+};
+
+#endif // BASEENTRYIMPL_H

@@ -1,0 +1,57 @@
+#include "EntryPlacement.h"
+
+namespace {
+const int gap = 5;
+}
+
+EntryPlacement::EntryPlacement(const QRect& field, const QSize& pad, int selectorWidth, const QSize& screen,
+                               int margin)
+    : m_pad(pad)
+    , m_screen(screen)
+    , m_margin(margin)
+{
+    placeHorizontally(field, selectorWidth);
+    placeVertically(field);
+}
+
+void EntryPlacement::placeHorizontally(const QRect& field, int selectorWidth)
+{
+    const int x = field.x();
+    const int right = x + field.width();
+    const int far = right + m_pad.width() + selectorWidth;
+    const int w = m_screen.width();
+    m_left = far > w - 1 && x - m_pad.width() >= w - far;
+    if (m_left) {
+        m_entryX = x - m_pad.width() - gap;
+        m_position.setX(x - m_pad.width() < gap ? m_margin : m_entryX);
+        return;
+    }
+    m_entryX = right + gap + selectorWidth;
+    m_position.setX(far >= w - gap ? w - m_pad.width() - gap : m_entryX);
+}
+
+void EntryPlacement::placeVertically(const QRect& field)
+{
+    const int y = field.y();
+    const int bottom = y + field.height() + m_pad.height();
+    const int h = m_screen.height();
+    m_above = bottom > h - 1 && y - m_pad.height() >= h - bottom;
+    if (m_above) {
+        m_entryY = y - m_pad.height() - gap;
+        m_position.setY(y - m_pad.height() < gap ? m_margin : m_entryY);
+        return;
+    }
+    m_entryY = y + field.height() + gap;
+    m_position.setY(bottom >= h - gap ? h - m_pad.height() - gap : m_entryY);
+}
+
+QPoint EntryPlacement::position() const { return m_position; }
+int EntryPlacement::entryX() const { return m_entryX; }
+int EntryPlacement::entryY() const { return m_entryY; }
+
+EntryPlacement::Corner EntryPlacement::corner() const
+{
+    if (m_above)
+        return m_left ? AboveLeft : AboveRight;
+    return m_left ? BelowLeft : BelowRight;
+}

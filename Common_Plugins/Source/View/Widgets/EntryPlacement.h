@@ -1,0 +1,51 @@
+#ifndef ENTRYPLACEMENT_H
+#define ENTRYPLACEMENT_H
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+/*!
+  Where an entry mechanism opens beside the field it edits: to the right of
+  the field and its unit selector when it fits, else to the left; below the
+  field when it fits, else above; 5 pixels from the field and never off the
+  screen. The corner it took tells a mechanism that replaces it by rotation
+  where to line up.
+*/
+class EntryPlacement
+{
+public:
+    //! Corners of the field that the mechanism sits at.
+    enum Corner
+    {
+        AboveRight = 1,
+        AboveLeft = 2,
+        BelowRight = 3,
+        BelowLeft = 4
+    };
+
+    EntryPlacement() = default;
+    //! \a field in screen coordinates; \a selectorWidth 0 without a unit selector.
+    EntryPlacement(const QRect& field, const QSize& pad, int selectorWidth, const QSize& screen, int margin = 40);
+
+    //! Where the mechanism is moved.
+    QPoint position() const;
+    int entryX() const;
+    int entryY() const;
+    Corner corner() const;
+
+private:
+    void placeHorizontally(const QRect& field, int selectorWidth);
+    void placeVertically(const QRect& field);
+
+    QSize m_pad;
+    QSize m_screen;
+    int m_margin = 40;
+    int m_entryX = 0;
+    int m_entryY = 0;
+    QPoint m_position;
+    bool m_left = false;
+    bool m_above = false;
+};
+
+#endif // ENTRYPLACEMENT_H

@@ -1,0 +1,6 @@
+#include "KeypadBase.h"
+
+KeypadBase::KeypadBase(QWidget* parent)
+    : QWidget(parent)
+{
+}

@@ -1,0 +1,1133 @@
+#include "NumericEntryImpl.h"
+
+#include "ComboBoxImpl.h"
+#include "GlobalImpl.h"
+#include "NumericEntryStyle.h"
+#include "NumpadEntryImpl.h"
+#include "QRVUtil.h"
+#include "SystemModule.h"
+#include "ValueHelper.h"
+
+#include <Brenmoor.hh>
+
+#include <QDebug>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+
+#include <boost/bind/bind.hpp>
+
+#include <cmath>
+
+using namespace boost::placeholders;
+using Kelvane::Value::Units;
+
+namespace {
+
+const char* const unitlessDescription = "0,0,0:1;;;;";
+
+QString wholeNumberText(long value, bool hex)
+{
+    return QString::number(value, hex ? 16 : 10);
+}
+
+} // namespace
+
+NumericEntryImpl::NumericEntryImpl(QWidget* parent, const QString& label, const QList<QString>* units)
+    : WidgetBaseImpl(parent)
+    , m_sizeName(QRVUtil::initialSize())
+    , m_valueEdit(new QLineEdit(QStringLiteral("0.00"), this))
+    , m_styleReadOnly(NumericEntryStyle::readOnlySuffix())
+{
+    qRegisterMetaType<Kelvane::Value::Units>("Kelvane::Value::Units");
+    setObjectName(QStringLiteral("NumericEntry"));
+    auto* layout = new QGridLayout(this);
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    setLabelWidget(new QLabel);
+    layout->addWidget(getLabelWidget(), 0, 0, 1, 2);
+    setLabel(label);
+    layout->addWidget(m_valueEdit, 1, 0);
+    m_valueEdit->setEnabled(false);
+    if (units && !units->isEmpty()) {
+        QList<long> keys;
+        for (int i = 0; i < units->size(); ++i)
+            keys << i;
+        addUnits(*units, keys);
+    }
+    setLockImageVisible(false);
+
+    connect(this, &WidgetBaseImpl::DisplayEntryMechanism, this, &NumericEntryImpl::displayEntryMechanism);
+    connect(this, &WidgetBaseImpl::CloseEntryMechanism, this, &NumericEntryImpl::closeInput);
+    connect(this, &NumericEntryImpl::baseUnitChanged, this, &NumericEntryImpl::updateUnitListWidget,
+            Qt::BlockingQueuedConnection);
+    connect(this, &NumericEntryImpl::valueChange, this, qOverload<const QString&>(&NumericEntryImpl::setValue),
+            Qt::BlockingQueuedConnection);
+    connect(this, &NumericEntryImpl::revertChangeSignal, this, &NumericEntryImpl::revertChanges);
+    connect(m_valueEdit, &QLineEdit::returnPressed, this, &NumericEntryImpl::enterValue);
+    connect(m_valueEdit, &QLineEdit::returnPressed, this, &WidgetBaseImpl::CloseEntryMechanism);
+}
+
+NumericEntryImpl::~NumericEntryImpl()
+{
+    // Samples and sends read the units and the value of this class.
+    waitForSends();
+    releaseSubscriptions();
+    delete m_numpad;
+}
+
+// ---- properties ----------------------------------------------------------
+
+QString NumericEntryImpl::getUnitListString() const { return m_unitListString; }
+int NumericEntryImpl::getDefaultUnit() const { return int(m_defaultUnit); }
+void NumericEntryImpl::setDefaultUnit(int key) { m_defaultUnit = key; }
+int NumericEntryImpl::getSliderBar() const { return m_sliderBar; }
+void NumericEntryImpl::setSliderBar(int sliderBar) { m_sliderBar = sliderBar; }
+bool NumericEntryImpl::getIsHex() const { return m_isHex; }
+void NumericEntryImpl::setIsHex(bool isHex) { m_isHex = isHex; }
+bool NumericEntryImpl::getFilterByBaseUnit() const { return m_filterByBaseUnit; }
+void NumericEntryImpl::setFilterByBaseUnit(bool filter) { m_filterByBaseUnit = filter; }
+bool NumericEntryImpl::getReadOnly() const { return m_readOnly; }
+bool NumericEntryImpl::getSpinWheel() const { return m_useSpinWheel; }
+void NumericEntryImpl::setSpinWheel(bool useSpinWheel) { m_useSpinWheel = useSpinWheel; }
+bool NumericEntryImpl::getRealtimeUpdate() const { return m_realtimeUpdate; }
+void NumericEntryImpl::setRealtimeUpdate(bool realtime) { m_realtimeUpdate = realtime; }
+int NumericEntryImpl::precision() const { return m_precision; }
+QString NumericEntryImpl::getValue() const { return m_valueEdit->text(); }
+void NumericEntryImpl::setNumLocked(bool locked) { m_numLocked = locked; }
+NumpadEntryImpl* NumericEntryImpl::numpadWidget() const { return m_numpad; }
+ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector; }
+double NumericEntryImpl::baseValue() const { return m_value; }
+
+Units NumericEntryImpl::getBaseUnit() const
+{
+    QMutexLocker lock(&m_unitMutex);
+    return m_baseUnit;
+}
+
+Units NumericEntryImpl::getDisplayUnit() const
+{
+    QMutexLocker lock(&m_unitMutex);
+    return m_displayUnit;
+}
+
+QString NumericEntryImpl::getUnit() const
+{
+    return m_unitSelector ? m_unitSelector->getText() : QString();
+}
+
+void NumericEntryImpl::setUnitListString(const QString& units)
+{
+    m_unitListString = units;
+    addUnits(units);
+}
+
+// ---- the unit list -------------------------------------------------------
+
+void NumericEntryImpl::addUnits(const QString& units)
+{
+    m_unitTable.clear();
+    const QStringList parts = units.split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    for (int i = 0; i < parts.size(); ++i) {
+        Units unit;
+        QString error;
+        // A bad description costs its own entry only.
+        if (!ValueHelper::parseUnits(parts.at(i), &unit, &error)) {
+            qDebug() << "UserInterface -" << getAttributeName() << "ignores the unit" << parts.at(i) << ":" << error;
+            continue;
+        }
+        m_unitTable.insert(i, unit);
+    }
+    if (CORBA::is_nil(m_attribute) && m_unitTable.contains(0)) {
+        QMutexLocker lock(&m_unitMutex);
+        m_baseUnit = m_unitTable.value(0);
+    }
+    updateUnitListWidget();
+}
+
+void NumericEntryImpl::updateUnitListWidget()
+{
+    m_noUnitMatch = false;
+    QList<long> sortedKeys = m_unitTable.keys();
+    std::sort(sortedKeys.begin(), sortedKeys.end());
+    const Units base = getBaseUnit();
+    QStringList labels;
+    QList<long> keys;
+    for (long key : sortedKeys) {
+        if (m_filterByBaseUnit && !baseUnitsMatch(m_unitTable.value(key), base))
+            continue;
+        keys << key;
+        labels << ValueHelper::getUnitString(m_unitTable.value(key));
+    }
+    addUnits(labels, keys);
+    if (m_numpad)
+        m_numpad->setUnitList(labels);
+    if (!keys.isEmpty() && !keys.contains(m_defaultUnit))
+        m_defaultUnit = keys.first();
+    setIndex(m_defaultUnit);
+    if (keys.isEmpty() && m_unitSelector) {
+        qDebug() << "UserInterface -" << getAttributeName() << "expected units but found none that match. --"
+                 << m_unitListString;
+        qDebug() << "UserInterface -" << getAttributeName() << ": going to use baseUnit:";
+        ValueHelper::printUnit(base);
+        m_noUnitMatch = true;
+        addUnits(QStringList{ValueHelper::getUnitString(base)}, QList<long>{0});
+    }
+    if (m_unitSelector) {
+        if (ValueHelper::getUnitString(base).trimmed().isEmpty())
+            m_unitSelector->hide();
+        if (!m_unitNames.isEmpty() && !m_unitNames.first().isEmpty())
+            m_unitSelector->show();
+    }
+    changeSize(m_sizeName);
+}
+
+void NumericEntryImpl::addUnits(const QStringList& labels, const QList<long>& keys)
+{
+    m_unitNames = labels;
+    m_unitKeys = keys;
+    const bool created = !m_unitSelector;
+    if (created)
+        createUnitSelector();
+    QList<ComboBoxListStruct> list;
+    for (int i = 0; i < keys.size(); ++i)
+        list << ComboBoxListStruct(keys.at(i), labels.at(i), true);
+    m_unitSelector->setList(list, -1);
+    m_unitWidth = unitSelectorWidth(m_sizeName);
+    m_unitSelector->setMinimumWidth(m_unitWidth);
+    m_unitSelector->setMaximumWidth(m_unitWidth);
+    if (!created)
+        return;
+    m_unitSelector->setEnabled(false);
+    m_unitSelector->setEnum(m_defaultUnit);
+    m_unitText = m_unitSelector->getText();
+    changeSize(m_sizeName);
+}
+
+void NumericEntryImpl::createUnitSelector()
+{
+    m_unitSelector = new ComboBoxImpl(true);
+    static_cast<QGridLayout*>(layout())->addWidget(m_unitSelector, 1, 1);
+    connect(m_unitSelector, &ComboBoxImpl::updateEnum, this, [this](long key) { setIndex(key); });
+}
+
+// The selector is as wide as its longest label in the font of the size.
+int NumericEntryImpl::unitSelectorWidth(const QString& size) const
+{
+    QFont font = m_unitSelector->font();
+    font.setPixelSize(size == QLatin1String("Thumb") ? 32 : size == QLatin1String("Max") ? 20 : 14);
+    const QFontMetrics metrics(font);
+    int widest = 0;
+    for (const QString& label : m_unitNames)
+        widest = std::max(widest, metrics.horizontalAdvance(label));
+    return widest + 22;
+}
+
+bool NumericEntryImpl::baseUnitsMatch(const Units& a, const Units& b) const
+{
+    return a.base == b.base;
+}
+
+void NumericEntryImpl::setIndex(int key)
+{
+    setIndex(long(key));
+}
+
+void NumericEntryImpl::setIndex(const long& key)
+{
+    if (!m_unitKeys.contains(key) || m_noUnitMatch)
+        return;
+    setDisplayUnit(m_unitTable.value(key));
+    m_defaultUnit = key;
+    if (m_unitSelector)
+        m_unitSelector->setEnum(key);
+    updateReading(converted(m_value, m_unitTable.value(key)));
+    updateSliderBounds(key);
+    emit unitChanged(m_unitSelector ? m_unitSelector->getText() : QString());
+    emit newUnit(key);
+}
+
+void NumericEntryImpl::setUnit(const QString& unit)
+{
+    if (m_unitSelector) {
+        m_unitSelector->setText(unit);
+        setIndex(m_unitSelector->getEnum());
+        m_unitText = unit;
+        emit unitChanged(unit);
+    }
+    closeInput();
+}
+
+void NumericEntryImpl::setDisplayUnit(const Units& unit)
+{
+    QMutexLocker lock(&m_unitMutex);
+    m_displayUnit = unit;
+}
+
+double NumericEntryImpl::converted(double value, const Units& to) const
+{
+    return ValueHelper::convertValue(value, getBaseUnit(), to);
+}
+
+double NumericEntryImpl::inDisplayUnit(double value) const
+{
+    QMutexLocker lock(&m_unitMutex);
+    return ValueHelper::convertValue(value, m_baseUnit, m_displayUnit);
+}
+
+void NumericEntryImpl::initializeValueUnits(const Units& wire)
+{
+    {
+        QMutexLocker lock(&m_unitMutex);
+        m_wireUnit = wire;
+        m_baseUnit = wire;
+        m_displayUnit = wire;
+    }
+    if (m_unitListString.isEmpty()) {
+        qDebug() << "UserInterface - ERROR:" << getAttributeName()
+                 << "uses unit based values, set Units string in UI file.";
+        return;
+    }
+    addUnits(m_unitListString);
+    if (m_unitKeys.contains(m_defaultUnit))
+        setDisplayUnit(m_unitTable.value(m_defaultUnit));
+}
+
+void NumericEntryImpl::initializeNoValueUnits()
+{
+    const Units unitless = ValueHelper::convertToUnits(QString::fromLatin1(unitlessDescription));
+    QMutexLocker lock(&m_unitMutex);
+    m_baseUnit = unitless;
+    m_displayUnit = unitless;
+}
+
+void NumericEntryImpl::setBroadcastUnit(const QString& unit)
+{
+    m_broadcastUnit = std::make_unique<Units>(ValueHelper::convertToUnits(unit));
+}
+
+void NumericEntryImpl::clearBroadcastUnit()
+{
+    m_broadcastUnit.reset();
+}
+
+double NumericEntryImpl::broadcast(double number) const
+{
+    return m_broadcastUnit ? ValueHelper::convertValue(number, getDisplayUnit(), *m_broadcastUnit) : number;
+}
+
+// ---- texts ---------------------------------------------------------------
+
+void NumericEntryImpl::updateReading(double value)
+{
+    if (m_valueEdit->isEnabled())
+        return;
+    QString text = QString::number(value, 'f', m_precision);
+    if (m_interface == QLatin1String("EngineReadingMeterReading")) {
+        if (m_readingHasNoValue)
+            text.clear();
+        else if (m_readingDoubtful)
+            text += QLatin1Char('?');
+    }
+    setValue(text);
+}
+
+void NumericEntryImpl::updateReading(long value)
+{
+    if (m_valueEdit->isEnabled())
+        return;
+    const QString text = wholeNumberText(value, m_isHex);
+    m_valueEdit->setText(text);
+    m_savedText = text;
+    emit valueChanged(double(value));
+}
+
+void NumericEntryImpl::setValue(double value, const QString& inputUnit)
+{
+    m_value = value;
+    if (!inputUnit.isEmpty()) {
+        {
+            QMutexLocker lock(&m_unitMutex);
+            m_baseUnit = ValueHelper::convertToUnits(inputUnit);
+        }
+        value = inDisplayUnit(value);
+    }
+    updateReading(value);
+}
+
+void NumericEntryImpl::setValue(double value)
+{
+    setValue(value, QString());
+}
+
+void NumericEntryImpl::setValue(long value, const QString& inputUnit)
+{
+    m_value = double(value);
+    double shown = double(value);
+    if (!inputUnit.isEmpty()) {
+        {
+            QMutexLocker lock(&m_unitMutex);
+            m_baseUnit = ValueHelper::convertToUnits(inputUnit);
+        }
+        shown = inDisplayUnit(shown);
+    }
+    updateReading(long(shown));
+}
+
+void NumericEntryImpl::setValue(long value)
+{
+    setValue(value, QString());
+}
+
+void NumericEntryImpl::setValue(const QString& text)
+{
+    const QString shown = m_isHex ? text.toUpper() : text;
+    m_valueEdit->setText(m_sizeName == QLatin1String("Thumb") ? thumbCut(shown) : shown);
+    double number = 0.0;
+    if (text.endsWith(QLatin1Char('?')))
+        number = text.chopped(1).toDouble();
+    else if (text.isEmpty() || text == QLatin1String("Over Limit"))
+        return;
+    else
+        number = text.toDouble();
+    emit valueChanged(broadcast(number));
+}
+
+// The small field keeps what the cut leaves, however odd: an operator of the
+// small screen knows it so.
+QString NumericEntryImpl::thumbCut(const QString& text) const
+{
+    QString rest = text;
+    QString out;
+    int cut = 0;
+    while (text.length() > 4 && cut < 4 && !rest.isEmpty()) {
+        rest.remove(0, 1);
+        out += rest;
+        if (rest != QLatin1String(".") && rest != QLatin1String("-"))
+            ++cut;
+    }
+    return out;
+}
+
+void NumericEntryImpl::setPrecision(int precision)
+{
+    setPrecision(precision, inDisplayUnit(m_value));
+}
+
+void NumericEntryImpl::setPrecision(int precision, double value)
+{
+    m_precision = precision;
+    updateReading(value);
+    if (m_numpad)
+        m_numpad->changePrecision(precision);
+}
+
+void NumericEntryImpl::clear()
+{
+    m_valueEdit->clear();
+    if (m_unitSelector)
+        m_unitSelector->clear();
+}
+
+// ---- look ----------------------------------------------------------------
+
+void NumericEntryImpl::changeSize(const QString& size)
+{
+    m_sizeName = size;
+    if (QRVUtil::startupSwitchIs("-size", QStringLiteral("small_portrait")) && size == QLatin1String("Max"))
+        m_sizeName = QStringLiteral("Min");
+    const bool withUnit = !m_unitNames.isEmpty() && !m_unitNames.first().isEmpty();
+    const QString& sheet = m_sizeName == QLatin1String("Max")   ? (withUnit ? m_styleUnitMax : m_stylePlainMax)
+                           : m_sizeName == QLatin1String("Min") ? (withUnit ? m_styleUnitMin : m_stylePlainMin)
+                                                                : (withUnit ? m_styleUnitThumb : m_stylePlainThumb);
+    const bool known = m_sizeName == QLatin1String("Max") || m_sizeName == QLatin1String("Min")
+                       || m_sizeName == QLatin1String("Thumb");
+    if (known)
+        setStyleSheet(sheet);
+    if (!m_unitSelector)
+        return;
+    if (withUnit && known)
+        m_unitSelector->changeSize(m_sizeName);
+    m_unitWidth = unitSelectorWidth(m_sizeName);
+    m_unitSelector->setMinimumWidth(m_unitWidth);
+    m_unitSelector->setMaximumWidth(m_unitWidth);
+}
+
+void NumericEntryImpl::buildSheets(bool lockImage)
+{
+    m_styleUnitMax = NumericEntryStyle::withUnit(QStringLiteral("Max"), lockImage);
+    m_styleUnitMin = NumericEntryStyle::withUnit(QStringLiteral("Min"), lockImage);
+    m_styleUnitThumb = NumericEntryStyle::withUnit(QStringLiteral("Thumb"), lockImage);
+    m_stylePlainMax = NumericEntryStyle::plain(QStringLiteral("Max"), lockImage);
+    m_stylePlainMin = NumericEntryStyle::plain(QStringLiteral("Min"), lockImage);
+    m_stylePlainThumb = NumericEntryStyle::plain(QStringLiteral("Thumb"), lockImage);
+}
+
+void NumericEntryImpl::setLockImageVisible(const bool& visible)
+{
+    buildSheets(visible);
+    if (m_readOnly)
+        setReadOnlyStyle();
+    changeSize(m_sizeName);
+}
+
+void NumericEntryImpl::setReadOnly(bool state)
+{
+    m_readOnly = state;
+    if (state)
+        setReadOnlyStyle();
+}
+
+void NumericEntryImpl::setReadOnlyStyle()
+{
+    // The small field without a selector keeps its white border.
+    for (QString* sheet : {&m_styleUnitMax, &m_styleUnitMin, &m_stylePlainMax, &m_stylePlainMin, &m_styleUnitThumb})
+        *sheet += m_styleReadOnly;
+    if (m_unitSelector)
+        m_unitSelector->setReadOnlyStyle();
+    changeSize(m_sizeName);
+}
+
+void NumericEntryImpl::setEnableState(int state)
+{
+    setEnabled(state != 0);
+    m_unitFrozen = state == 1;
+    m_valueFrozen = state == 2;
+}
+
+void NumericEntryImpl::retranslate()
+{
+    WidgetBaseImpl::retranslate();
+    changeSize(m_sizeName);
+}
+
+void NumericEntryImpl::raise()
+{
+    WidgetBaseImpl::raise();
+    if (m_numpad)
+        m_numpad->raise();
+}
+
+// ---- touches and the keypad ----------------------------------------------
+
+void NumericEntryImpl::mousePressEvent(QMouseEvent* event)
+{
+    const QWidget* child = childAt(event->pos());
+    if (child && child->objectName() == QLatin1String("cboText"))
+        return;
+    QWidget::mousePressEvent(event);
+}
+
+void NumericEntryImpl::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QWidget* child = childAt(event->pos());
+    if (child && child->objectName() == QLatin1String("cboText")) {
+        if (m_unitFrozen || !m_unitSelector)
+            return;
+        m_unitSelectOpen = true;
+        m_unitSelector->acquireLock();
+        return;
+    }
+    if (m_valueFrozen)
+        return;
+    m_savedText = m_valueEdit->text();
+    if (m_unitSelector)
+        m_savedUnit = m_unitSelector->getEnum();
+    m_unitSelectOpen = false;
+    WidgetBaseImpl::mouseReleaseEvent(event);
+}
+
+void NumericEntryImpl::hideEvent(QHideEvent* event)
+{
+    closeInput();
+    WidgetBaseImpl::hideEvent(event);
+}
+
+void NumericEntryImpl::addNumpad(bool isHex, bool realtimeUpdate)
+{
+    const QList<QString> units = m_unitNames;
+    m_numpad = new NumpadEntryImpl(m_valueEdit, window(), &units, isHex, 260, 380, realtimeUpdate,
+                                   inDisplayUnit(m_lowerLimit), inDisplayUnit(m_upperLimit), m_precision);
+    m_numpad->hide();
+    connect(m_numpad, &BaseEntryImpl::cancelEntry, this, &NumericEntryImpl::restoreValue);
+    connect(m_numpad, &NumpadEntryImpl::updateUnit, this, &NumericEntryImpl::setUnit);
+    connect(m_numpad, &NumpadEntryImpl::updateUnit, this, &NumericEntryImpl::enterValue);
+    connect(m_numpad, qOverload<QString>(&NumpadEntryImpl::valueChanged), this,
+            &NumericEntryImpl::setAndEnterValue);
+    connect(m_numpad, &NumpadEntryImpl::rotateEntryMechanism, this, &NumericEntryImpl::rotateEntryMechanism);
+}
+
+void NumericEntryImpl::displayEntryMechanism()
+{
+    m_savedValue = m_value;
+    if (m_readOnly) {
+        releaseLock();
+        return;
+    }
+    if (!QRVUtil::isHandheld())
+        GlobalImpl::getInstance()->topNavMenu();
+    if (m_numLocked || !m_numpad) {
+        emit CloseEntryMechanism();
+        return;
+    }
+    QWidget* screen = GlobalImpl::getInstance()->systemModule()->getSystemScreen(QStringLiteral("MainWindow"));
+    if (screen && m_numpad->parentWidget() != screen)
+        m_numpad->setParent(screen);
+    if (m_unitSelectOpen)
+        return;
+    if (m_unitSelector)
+        m_unitSelector->setEnabled(true);
+    const int selectorWidth = m_unitSelector && m_unitSelector->isVisible() ? m_unitSelector->width() : 0;
+    const QWidget* area = m_numpad->parentWidget();
+    const QRect field(area ? m_valueEdit->mapTo(area->window(), QPoint()) - area->mapTo(area->window(), QPoint())
+                           : m_valueEdit->mapToGlobal(QPoint()),
+                      m_valueEdit->size());
+    m_placement = EntryPlacement(field, m_numpad->size(), selectorWidth, area ? area->size() : QSize(800, 480));
+    m_numpad->move(m_placement.position());
+    m_numpad->setValue(m_valueEdit->text());
+    if (m_numpad->realtimeUpdate())
+        m_numpad->updateCursorPosition();
+    m_numpad->show();
+    m_numpad->raise();
+    m_valueEdit->setEnabled(true);
+    m_valueEdit->setFocus();
+    m_valueEdit->end(false);
+    m_valueEdit->selectAll();
+}
+
+// The keypad is the only mechanism a field has for now; its rotate key
+// leaves it where it is.
+void NumericEntryImpl::rotateEntryMechanism(const QString&) {}
+
+void NumericEntryImpl::closeInput()
+{
+    if (m_numpad)
+        m_numpad->hide();
+    m_valueEdit->setEnabled(false);
+    if (m_unitSelector)
+        m_unitSelector->setEnabled(false);
+    m_valueEdit->setFocus(Qt::OtherFocusReason);
+    releaseLock();
+}
+
+void NumericEntryImpl::setAndEnterValue(const QString& text)
+{
+    setValue(text);
+    enterValue();
+}
+
+void NumericEntryImpl::revertChanges()
+{
+    m_valueEdit->setText(m_savedText);
+    if (m_unitSelector) {
+        m_unitSelector->setEnum(m_savedUnit);
+        setDisplayUnit(m_unitTable.value(m_savedUnit, getDisplayUnit()));
+    }
+    updateSliderBounds(m_savedUnit);
+}
+
+void NumericEntryImpl::restoreValue()
+{
+    revertChanges();
+    if (!CORBA::is_nil(m_attribute)) {
+        const Outgoing out = outgoing(m_savedValue);
+        if (m_dataType == QLatin1String("double") || m_dataType == QLatin1String("ValueDouble"))
+            sendOnWorker([this, out] { sendDouble(out); });
+        else
+            sendOnWorker([this, out] { sendLong(out); });
+    }
+    closeInput();
+}
+
+void NumericEntryImpl::updateSliderBounds(long key)
+{
+    if (!m_numpad || !m_numpad->realtimeUpdate())
+        return;
+    const Units unit = m_unitTable.value(key, getBaseUnit());
+    m_numpad->updateLimits(converted(m_lowerLimit, unit), converted(m_upperLimit, unit));
+}
+
+// ---- binding -------------------------------------------------------------
+
+namespace {
+
+const QStringList settableInterfaces = {QStringLiteral("EngineAttribLong"), QStringLiteral("EngineAttribDouble"),
+                                        QStringLiteral("EngineAttribValueLong"),
+                                        QStringLiteral("EngineAttribValueDouble")};
+const QStringList readingInterfaces = {QStringLiteral("EngineReadingDouble"), QStringLiteral("EngineReadingValueDouble"),
+                                       QStringLiteral("EngineReadingLong"), QStringLiteral("EngineReadingValueLong"),
+                                       QStringLiteral("EngineReadingMeterReading")};
+
+template<class Interface>
+typename Interface::_var_type narrowed(Brenmoor::EngineReadingBase_ptr attr, const char* failure)
+{
+    typename Interface::_var_type object = Interface::_narrow(attr);
+    if (CORBA::is_nil(object) && failure)
+        qDebug() << failure;
+    return object;
+}
+
+} // namespace
+
+void NumericEntryImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
+{
+    const QVariant hex = property("IsHex");
+    if (hex.isValid())
+        m_isHex = hex.toBool();
+    WidgetBaseImpl::bindAttribute(attr);
+    if (CORBA::is_nil(attr))
+        return;
+    m_interface = acceptedInterface(attr, settableInterfaces + readingInterfaces,
+                                    ">>>>>Expected Numeric type but received: %s (%s)");
+    if (m_interface.isEmpty())
+        return;
+    Brenmoor::TypeInfo_var info = attr->typeInfo();
+    m_dataType = QString::fromLatin1(info->typeName.in());
+    if (settableInterfaces.contains(m_interface))
+        bindSettable(m_interface);
+    else if (m_interface == QLatin1String("EngineReadingMeterReading"))
+        bindMeter();
+    else
+        bindReading(m_interface);
+}
+
+void NumericEntryImpl::bindSettable(const QString& interface)
+{
+    const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
+    if (interface == QLatin1String("EngineAttribLong")) {
+        auto attr = narrowed<Brenmoor::EngineAttribLong>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return;
+        m_value = attr->value();
+        initializeNoValueUnits();
+        setPrecision(0);
+        setValue(wholeNumberText(long(m_value), m_isHex));
+    } else if (interface == QLatin1String("EngineAttribDouble")) {
+        auto attr = narrowed<Brenmoor::EngineAttribDouble>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return;
+        m_value = attr->value();
+        initializeNoValueUnits();
+        setPrecision(m_precision, m_value);
+    } else if (interface == QLatin1String("EngineAttribValueLong")) {
+        auto attr = narrowed<Brenmoor::EngineAttribValueLong>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return;
+        Brenmoor::VALUE_LONG::VALUE_var value = attr->value();
+        m_value = value->currentValue;
+        initializeValueUnits(ValueHelper::convertToUnits(value->units));
+        setPrecision(0, inDisplayUnit(m_value));
+    } else {
+        auto attr = narrowed<Brenmoor::EngineAttribValueDouble>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return;
+        Brenmoor::VALUE_DOUBLE::VALUE_var value = attr->value();
+        m_value = value->currentValue;
+        initializeValueUnits(ValueHelper::convertToUnits(value->units));
+        setPrecision(m_precision, inDisplayUnit(m_value));
+    }
+    readLimits(interface);
+    addNumpad(m_isHex, m_realtimeUpdate);
+    if (interface.startsWith(QLatin1String("EngineAttribValue"))) {
+        updateSliderBounds(m_unitSelector ? m_unitSelector->getEnum() : 0);
+        setIndex(m_defaultUnit);
+    }
+    subscribeValue(interface);
+    CORBA::String_var limitsTopic;
+    if (interface == QLatin1String("EngineAttribLong"))
+        limitsTopic = Brenmoor::EngineAttribLong::_narrow(m_attribute)->limitsTopic();
+    else if (interface == QLatin1String("EngineAttribDouble"))
+        limitsTopic = Brenmoor::EngineAttribDouble::_narrow(m_attribute)->limitsTopic();
+    else if (interface == QLatin1String("EngineAttribValueLong"))
+        limitsTopic = Brenmoor::EngineAttribValueLong::_narrow(m_attribute)->limitsTopic();
+    else
+        limitsTopic = Brenmoor::EngineAttribValueDouble::_narrow(m_attribute)->limitsTopic();
+    subscribeToVoidDDS(limitsTopic.in(), boost::bind(&NumericEntryImpl::dds_params_callback, this, _1));
+    connect(this, &NumericEntryImpl::updateLimits, this, &NumericEntryImpl::updateParams,
+            Qt::BlockingQueuedConnection);
+}
+
+// Reads the limits into the base unit; false when the attribute has none.
+bool NumericEntryImpl::readLimits(const QString& interface)
+{
+    const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
+    if (interface == QLatin1String("EngineAttribLong") || interface == QLatin1String("EngineAttribValueLong")) {
+        Brenmoor::LimitsLong limits;
+        if (interface == QLatin1String("EngineAttribLong")) {
+            auto attr = narrowed<Brenmoor::EngineAttribLong>(m_attribute, failure.constData());
+            if (CORBA::is_nil(attr))
+                return false;
+            limits = attr->limits();
+        } else {
+            auto attr = narrowed<Brenmoor::EngineAttribValueLong>(m_attribute, failure.constData());
+            if (CORBA::is_nil(attr))
+                return false;
+            limits = attr->limits();
+        }
+        m_lowerLimit = limits.lower;
+        m_upperLimit = limits.upper;
+        return true;
+    }
+    Brenmoor::LimitsDouble limits;
+    if (interface == QLatin1String("EngineAttribDouble")) {
+        auto attr = narrowed<Brenmoor::EngineAttribDouble>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return false;
+        limits = attr->limits();
+    } else {
+        auto attr = narrowed<Brenmoor::EngineAttribValueDouble>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return false;
+        limits = attr->limits();
+    }
+    m_lowerLimit = limits.lower;
+    m_upperLimit = limits.upper;
+    return true;
+}
+
+void NumericEntryImpl::bindReading(const QString& interface)
+{
+    const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
+    if (interface == QLatin1String("EngineReadingDouble")) {
+        auto attr = narrowed<Brenmoor::EngineReadingDouble>(m_attribute, nullptr);
+        if (CORBA::is_nil(attr))
+            return;
+        m_value = attr->value();
+        setPrecision(m_precision, m_value);
+    } else if (interface == QLatin1String("EngineReadingLong")) {
+        auto attr = narrowed<Brenmoor::EngineReadingLong>(m_attribute, nullptr);
+        if (CORBA::is_nil(attr))
+            return;
+        m_value = attr->value();
+        setPrecision(0, m_value);
+    } else if (interface == QLatin1String("EngineReadingValueDouble")) {
+        auto attr = narrowed<Brenmoor::EngineReadingValueDouble>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return;
+        Brenmoor::VALUE_DOUBLE::VALUE_var value = attr->value();
+        m_value = value->currentValue;
+        initializeValueUnits(ValueHelper::convertToUnits(value->units));
+        setPrecision(m_precision, inDisplayUnit(m_value));
+        setIndex(m_defaultUnit);
+    } else {
+        auto attr = narrowed<Brenmoor::EngineReadingValueLong>(m_attribute, failure.constData());
+        if (CORBA::is_nil(attr))
+            return;
+        Brenmoor::VALUE_LONG::VALUE_var value = attr->value();
+        m_value = value->currentValue;
+        initializeValueUnits(ValueHelper::convertToUnits(value->units));
+        setPrecision(0, inDisplayUnit(m_value));
+        setIndex(m_defaultUnit);
+    }
+    subscribeValue(interface);
+    setReadOnlyStyle();
+}
+
+void NumericEntryImpl::bindMeter()
+{
+    auto attr = narrowed<Brenmoor::EngineReadingMeterReading>(
+        m_attribute, "UserInterface - Failed to narrow ::Brenmoor::EngineReadingMeterReading");
+    if (CORBA::is_nil(attr))
+        return;
+    Brenmoor::MeterReading::ReadingList_var list = attr->value();
+    if (list->readings.length() == 0) {
+        qDebug() << "UserInterface - >>>>> Error meter reading structure empty for Numeric " << getAttributeName();
+    } else {
+        for (CORBA::ULong i = 0; i < list->readings.length(); ++i)
+            m_readingNames << translateReadingType(list->readings[i].type);
+        m_value = list->readings[0].value;
+        initializeValueUnits(ValueHelper::convertToUnits(list->readings[0].units));
+        m_readingHasNoValue = list->flag0;
+        m_readingDoubtful = list->flag1;
+        setPrecision(m_precision);
+        setIndex(m_defaultUnit);
+        if (list->flag0)
+            setValue(QString());
+        else
+            setValue(QString::number(inDisplayUnit(m_value), 'g', 6) + (list->flag1 ? QStringLiteral("?") : QString()));
+    }
+    subscribeValue(QStringLiteral("EngineReadingMeterReading"));
+    setReadOnlyStyle();
+}
+
+void NumericEntryImpl::subscribeValue(const QString& interface)
+{
+    CORBA::String_var topic = m_attribute->topic();
+    if (interface.endsWith(QLatin1String("ValueDouble")))
+        subscribeToDDS<Brenmoor::VALUE_DOUBLE::VALUE>(
+            topic.in(), boost::bind(&NumericEntryImpl::dds_callback_valueDouble, this, _1, _2));
+    else if (interface.endsWith(QLatin1String("ValueLong")))
+        subscribeToDDS<Brenmoor::VALUE_LONG::VALUE>(
+            topic.in(), boost::bind(&NumericEntryImpl::dds_callback_valueLong, this, _1, _2));
+    else if (interface.endsWith(QLatin1String("Double")))
+        subscribeToDDS<double>(topic.in(), boost::bind(&NumericEntryImpl::dds_callback_double, this, _1, _2));
+    else if (interface.endsWith(QLatin1String("Long")))
+        subscribeToDDS<int>(topic.in(), boost::bind(&NumericEntryImpl::dds_callback_int, this, _1, _2));
+    else
+        subscribeToDDS<Brenmoor::MeterReading::Reading>(
+            topic.in(), boost::bind(&NumericEntryImpl::dds_callback_meter, this, _1, _2));
+}
+
+void NumericEntryImpl::registerReadingSelector(QWidget* combobox)
+{
+    auto* selector = qobject_cast<ComboBoxImpl*>(combobox);
+    if (!selector)
+        return;
+    QList<ComboBoxListStruct> list;
+    for (int i = 0; i < m_readingNames.size(); ++i)
+        list << ComboBoxListStruct(i, m_readingNames.at(i), true);
+    selector->setList(list, 0);
+    connect(selector, &ComboBoxImpl::updateEnum, this, &NumericEntryImpl::setReadingIndex);
+}
+
+void NumericEntryImpl::setReadingIndex(long index)
+{
+    m_readingIndex = index;
+}
+
+QString NumericEntryImpl::translateReadingType(long type)
+{
+    static const char* const labels[] = {"Peak Positive",  "Peak Negative",   "Live Positive",
+                                         "Live Negative",  "RMS",             "Crest Positive",
+                                         "Crest Negative", "Average Positive", "Average Negative"};
+    return type >= 0 && type < 9 ? QString::fromLatin1(labels[type]) : QString();
+}
+
+// ---- samples, on a DDS thread ---------------------------------------------
+
+void NumericEntryImpl::logReceived(double number, const Units& unit) const
+{
+    if (!m_suppressDebug)
+        qDebug().noquote() << "UserInterface -" << getAttributeName() << "@"
+                           << GlobalImpl::getParentWindowName(const_cast<NumericEntryImpl*>(this)) << "Received:"
+                           << QString::number(number, 'g', 15) << ValueHelper::getUnitString(unit);
+}
+
+void NumericEntryImpl::dds_callback_int(const char*, int value)
+{
+    if (!m_suppressDebug)
+        qDebug() << "UserInterface - " << getAttributeName() << "Received:" << value << ", Hex:"
+                 << QString::number(value, 16);
+    m_value = double(value);
+    emit valueChange(wholeNumberText(value, m_isHex));
+}
+
+void NumericEntryImpl::dds_callback_double(const char*, double value)
+{
+    if (!m_suppressDebug)
+        qDebug() << "UserInterface - " << getAttributeName() << "Received:" << value << ", Hex:"
+                 << QString::number(qint64(value), 16);
+    m_value = value;
+    emit valueChange(m_isHex ? QString::number(qint64(value), 16) : QString::number(value, 'g', 6));
+}
+
+bool NumericEntryImpl::followBaseUnit(const Units& wire, bool alsoDisplay)
+{
+    if (!m_filterByBaseUnit || baseUnitsMatch(wire, getBaseUnit()))
+        return false;
+    {
+        QMutexLocker lock(&m_unitMutex);
+        m_wireUnit = wire;
+        m_baseUnit = wire;
+        if (alsoDisplay)
+            m_displayUnit = wire;
+    }
+    emit baseUnitChanged(wire);
+    return true;
+}
+
+void NumericEntryImpl::dds_callback_valueDouble(const char*, const Brenmoor::VALUE_DOUBLE::VALUE& value)
+{
+    m_value = value.currentValue;
+    const Units unit = ValueHelper::convertToUnits(value.units);
+    logReceived(value.currentValue, unit);
+    followBaseUnit(unit, false);
+    emit valueChange(QString::number(inDisplayUnit(value.currentValue), 'f', m_precision));
+}
+
+void NumericEntryImpl::dds_callback_valueLong(const char*, const Brenmoor::VALUE_LONG::VALUE& value)
+{
+    m_value = double(value.currentValue);
+    const Units unit = ValueHelper::convertToUnits(value.units);
+    logReceived(value.currentValue, unit);
+    followBaseUnit(unit, false);
+    emit valueChange(QString::number(inDisplayUnit(double(value.currentValue)), 'g', 6));
+}
+
+void NumericEntryImpl::dds_callback_meter(const char*, const Brenmoor::MeterReading::Reading& reading)
+{
+    if (reading.readings.length() == 0) {
+        qDebug() << "UserInterface - >>>>> Error meter reading structure empty.";
+        return;
+    }
+    // The selector offered a reading this list does not have.
+    if (m_readingIndex < 0 || CORBA::ULong(m_readingIndex) >= reading.readings.length())
+        throw CORBA::BAD_PARAM();
+    const Brenmoor::MeterReading::ReadingData& entry = reading.readings[CORBA::ULong(long(m_readingIndex))];
+    m_value = entry.value;
+    const Units unit = ValueHelper::convertToUnits(entry.units);
+    logReceived(entry.value, unit);
+    followBaseUnit(unit, true);
+    m_readingHasNoValue = reading.flag0;
+    m_readingDoubtful = reading.flag1;
+    if (reading.flag3)
+        emit valueChange(QStringLiteral("Over Limit"));
+    else if (reading.flag0)
+        emit valueChange(QString());
+    else
+        emit valueChange(QString::number(inDisplayUnit(entry.value), 'f', m_precision)
+                         + (reading.flag1 ? QStringLiteral("?") : QString()));
+}
+
+void NumericEntryImpl::dds_params_callback(const char*)
+{
+    emit updateLimits();
+}
+
+void NumericEntryImpl::updateParams()
+{
+    if (!readLimits(m_interface))
+        return;
+    const bool valued = m_interface.startsWith(QLatin1String("EngineAttribValue"));
+    updateSliderBounds(valued && m_unitSelector ? m_unitSelector->getEnum() : 0);
+}
+
+// ---- the way out ---------------------------------------------------------
+
+void NumericEntryImpl::enterValue()
+{
+    const QString text = m_valueEdit->text();
+    if (CORBA::is_nil(m_attribute)) {
+        const double number = text.toDouble();
+        m_value = ValueHelper::convertValue(number, getDisplayUnit(), getBaseUnit());
+        updateReading(number);
+    } else {
+        double number = 0.0;
+        if (m_dataType == QLatin1String("long"))
+            number = double(text.toLong(nullptr, m_isHex ? 16 : 10));
+        else if (m_dataType == QLatin1String("double"))
+            number = text.toDouble();
+        else if (m_dataType == QLatin1String("ValueDouble"))
+            number = ValueHelper::convertValue(text.toDouble(), getDisplayUnit(), getBaseUnit());
+        else
+            number = std::trunc(ValueHelper::convertValue(long(text.toDouble()), getDisplayUnit(), getBaseUnit()));
+        // The box shows the engine's value until the engine's sample brings the new one.
+        if (!showEngineValue()) {
+            qDebug() << "UserInterface - NUMERIC:" << getAttributeName() << "threw exception while sending:" << text;
+            revertChanges();
+        } else {
+            const Outgoing out = outgoing(number);
+            if (m_dataType == QLatin1String("double") || m_dataType == QLatin1String("ValueDouble"))
+                sendOnWorker([this, out] { sendDouble(out); });
+            else
+                sendOnWorker([this, out] { sendLong(out); });
+        }
+    }
+    emit valueChanged(broadcast(m_valueEdit->text().toDouble()));
+}
+
+bool NumericEntryImpl::showEngineValue()
+{
+    QString shown;
+    const EngineCall outcome = callEngine([&] {
+        if (m_dataType == QLatin1String("long")) {
+            shown = QString::number(Brenmoor::EngineAttribLong::_narrow(m_attribute)->value());
+        } else if (m_dataType == QLatin1String("double")) {
+            shown = QString::number(Brenmoor::EngineAttribDouble::_narrow(m_attribute)->value(), 'f', m_precision);
+        } else if (m_dataType == QLatin1String("ValueDouble")) {
+            Brenmoor::VALUE_DOUBLE::VALUE_var value = Brenmoor::EngineAttribValueDouble::_narrow(m_attribute)->value();
+            shown = QString::number(inDisplayUnit(value->currentValue), 'f', m_precision);
+        } else {
+            Brenmoor::VALUE_LONG::VALUE_var value = Brenmoor::EngineAttribValueLong::_narrow(m_attribute)->value();
+            shown = QString::number(inDisplayUnit(double(value->currentValue)), 'g', 6);
+        }
+    });
+    if (outcome != EngineCall::Done)
+        return false;
+    m_valueEdit->setText(shown);
+    return true;
+}
+
+NumericEntryImpl::Outgoing NumericEntryImpl::outgoing(double number) const
+{
+    QMutexLocker lock(&m_unitMutex);
+    return {m_dataType, number, m_wireUnit, ValueHelper::getUnitString(m_displayUnit), m_valueEdit->text()};
+}
+
+// ---- sends, on a worker ----------------------------------------------------
+
+void NumericEntryImpl::sendDouble(const Outgoing& out)
+{
+    if (out.type == QLatin1String("double")) {
+        send(out, [&] {
+            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Double): " << out.number;
+            Brenmoor::EngineAttribDouble::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), out.number);
+        }, "g");
+    } else if (out.type == QLatin1String("ValueDouble")) {
+        send(out, [&] {
+            Brenmoor::VALUE_DOUBLE::VALUE record{};
+            record.units = ValueHelper::toWireUnits(out.wireUnit);
+            record.currentValue = out.number;
+            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (ValueDouble): "
+                     << QString::number(out.number, 'g', 15) << out.unitLabel;
+            Brenmoor::EngineAttribValueDouble::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), record);
+        }, "g");
+    } else {
+        qDebug() << "UserInterface - Numeric: unknown type:" << out.type;
+    }
+}
+
+void NumericEntryImpl::sendLong(const Outgoing& out)
+{
+    const CORBA::Long number = CORBA::Long(out.number);
+    if (out.type == QLatin1String("long")) {
+        send(out, [&] {
+            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Long): " << number;
+            Brenmoor::EngineAttribLong::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), number);
+        }, "d");
+    } else if (out.type == QLatin1String("ValueLong")) {
+        send(out, [&] {
+            Brenmoor::VALUE_LONG::VALUE record{};
+            record.units = ValueHelper::toWireUnits(out.wireUnit);
+            record.currentValue = number;
+            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (ValueLong): " << number
+                     << out.unitLabel;
+            Brenmoor::EngineAttribValueLong::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), record);
+        }, "d");
+    } else {
+        qDebug() << "UserInterface - Numeric: unknown type:" << out.type;
+    }
+}
+
+// One catch order for every send: out of range is told to the operator and
+// put right, a lost link veils the field, anything else is put right.
+void NumericEntryImpl::send(const Outgoing& out, const std::function<void()>& call, const char* format)
+{
+    auto number = [format](double v) {
+        return *format == 'g' ? QString::number(v, 'g', 6) : QString::number(qint64(v));
+    };
+    QString failure;
+    const EngineCall outcome = callEngine([&] {
+        try {
+            call();
+        } catch (const Brenmoor::Operation_errors::DataOutOfRange& error) {
+            reportOutOfRange(QString::fromLatin1(error._name()), number(error.actual), number(error.lower),
+                             number(error.upper));
+        }
+    }, &failure);
+    if (outcome != EngineCall::Refused)
+        return;
+    qDebug() << "UserInterface - NUMERIC:" << getAttributeName() << "threw exception while sending:" << out.fieldText
+             << failure;
+    emit revertChangeSignal();
+}
+
+void NumericEntryImpl::reportOutOfRange(const QString& text, const QString& actual, const QString& lower,
+                                        const QString& upper)
+{
+    qDebug() << "UserInterface -" << text << "Exception info (actual, lower, upper):" << actual << lower << upper;
+    emit exceptionMessage(text + QStringLiteral(" - Exception info (actual, lower, upper): ") + actual
+                          + QLatin1Char(' ') + lower + QLatin1Char(' ') + upper);
+    emit revertChangeSignal();
+}

@@ -1,0 +1,252 @@
+#ifndef NUMERICENTRYIMPL_H
+#define NUMERICENTRYIMPL_H
+
+#include "EntryPlacement.h"
+#include "Units.h"
+#include "WidgetBaseImpl.h"
+
+#include <QHash>
+#include <QMutex>
+#include <QStringList>
+
+#include <atomic>
+#include <memory>
+
+class ComboBoxImpl;
+class NumpadEntryImpl;
+class QLineEdit;
+
+namespace Brenmoor {
+struct TypeInfo;
+namespace VALUE_DOUBLE { struct VALUE; }
+namespace VALUE_LONG { struct VALUE; }
+namespace MeterReading { struct Reading; }
+}
+
+/*!
+  The field in which an operator reads and changes one number of the
+  instrument: a caption, the value box and, at its right, a unit selector.
+
+  The value is held in the engine's base unit and shown in the display unit
+  that the selector or a unit key of the keypad chose. The unit list comes
+  from the form's Units property (unit descriptions joined by "|"); with
+  FilterByBaseUnit only the units of the attribute's base unit are offered.
+
+  Bound, it follows one of nine engine interfaces. Samples arrive on a DDS
+  thread and reach the box through one blocking queued signal; a typed
+  value goes out from a worker, and the box goes on showing the engine's
+  value until the engine's sample brings the accepted one. A refused value
+  puts back what the box showed before the touch.
+*/
+class NumericEntryImpl : public WidgetBaseImpl
+{
+    Q_OBJECT
+    Q_PROPERTY(QString Units READ getUnitListString WRITE setUnitListString)
+    Q_PROPERTY(int DefaultUnit READ getDefaultUnit WRITE setDefaultUnit)
+    Q_PROPERTY(int SliderBar READ getSliderBar WRITE setSliderBar)
+    Q_PROPERTY(bool IsHex READ getIsHex WRITE setIsHex)
+    Q_PROPERTY(bool FilterByBaseUnit READ getFilterByBaseUnit WRITE setFilterByBaseUnit)
+    Q_PROPERTY(bool ForceReadOnly READ getReadOnly WRITE setReadOnly)
+    Q_PROPERTY(bool SpinWheel READ getSpinWheel WRITE setSpinWheel)
+    Q_PROPERTY(bool RealtimeUpdate READ getRealtimeUpdate WRITE setRealtimeUpdate)
+    Q_PROPERTY(int Precision READ precision WRITE setPrecision)
+
+public:
+    //! \a units, when given, are the labels of a local unit list, keyed by position.
+    explicit NumericEntryImpl(QWidget* parent = nullptr, const QString& label = QString(),
+                              const QList<QString>* units = nullptr);
+    ~NumericEntryImpl() override;
+
+    QString getUnitListString() const;
+    int getDefaultUnit() const;
+    void setDefaultUnit(int key);
+    int getSliderBar() const;
+    void setSliderBar(int sliderBar);
+    bool getIsHex() const;
+    void setIsHex(bool isHex);
+    bool getFilterByBaseUnit() const;
+    void setFilterByBaseUnit(bool filter);
+    bool getReadOnly() const;
+    bool getSpinWheel() const;
+    void setSpinWheel(bool useSpinWheel);
+    bool getRealtimeUpdate() const;
+    void setRealtimeUpdate(bool realtime);
+    int precision() const;
+
+    //! The label of the selected unit, or "" without a selector.
+    Q_INVOKABLE QString getUnit() const;
+    Q_INVOKABLE void setPrecision(int precision);
+    Q_INVOKABLE void setValue(double value, const QString& inputUnit);
+    Q_INVOKABLE void setValue(double value);
+    Q_INVOKABLE void setValue(long value, const QString& inputUnit);
+    Q_INVOKABLE void setValue(long value);
+    //! 0 disabled; 1 the unit is frozen; 2 the value is frozen; other: all free.
+    Q_INVOKABLE void setEnableState(int state);
+    Q_INVOKABLE void addNumpad(bool isHex, bool realtimeUpdate = false);
+    Q_INVOKABLE void setReadOnly(bool state);
+    //! The text of the value box.
+    Q_INVOKABLE QString getValue() const;
+    //! valueChanged() speaks in this unit from now on. Call it once.
+    Q_INVOKABLE void setBroadcastUnit(const QString& unit);
+    Q_INVOKABLE void clearBroadcastUnit();
+    Q_INVOKABLE void clear();
+    //! Lets \a combobox choose which reading of a meter attribute is shown.
+    Q_INVOKABLE void registerReadingSelector(QWidget* combobox);
+
+    void bindAttribute(Brenmoor::EngineReadingBase_ptr attr) override;
+    void retranslate() override;
+    void setNumLocked(bool locked);
+    //! The keypad of the field, once bound to a settable attribute.
+    NumpadEntryImpl* numpadWidget() const;
+    ComboBoxImpl* unitSelectorWidget() const;
+    //! The value in the base unit.
+    double baseValue() const;
+    Kelvane::Value::Units getBaseUnit() const;
+    Kelvane::Value::Units getDisplayUnit() const;
+
+    //! The label of a meter reading's type ("RMS", "Peak Positive", ...).
+    static QString translateReadingType(long type);
+
+signals:
+    void valueChange(QString text);
+    void valueChanged(double value);
+    void baseUnitChanged(Kelvane::Value::Units unit);
+    void unitChanged(QString newUnit);
+    void newUnit(long key);
+    void updateLimits();
+    void revertChangeSignal();
+
+public slots:
+    //! The one way a text reaches the box; a sample replaces what is being typed.
+    virtual void setValue(const QString& text);
+    void setAndEnterValue(const QString& text);
+    void displayEntryMechanism();
+    void changeSize(const QString& size) override;
+    void raise() override;
+    void setIndex(const long& key);
+    void setIndex(int key);
+    void setReadingIndex(long index);
+    void setUnitListString(const QString& units);
+
+protected slots:
+    void revertChanges();
+
+private slots:
+    void closeInput();
+    void setUnit(const QString& unit);
+    void enterValue();
+    void updateUnitListWidget();
+    void restoreValue();
+    void updateParams();
+    void rotateEntryMechanism(const QString& entry);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void setLockImageVisible(const bool& visible) override;
+    virtual bool baseUnitsMatch(const Kelvane::Value::Units& a, const Kelvane::Value::Units& b) const;
+
+private:
+    //! What a worker needs of the field to send one value; taken on the interface thread.
+    struct Outgoing
+    {
+        QString type;
+        double number = 0.0;
+        Kelvane::Value::Units wireUnit;
+        QString unitLabel;
+        QString fieldText;
+    };
+
+    void addUnits(const QString& units);
+    void addUnits(const QStringList& labels, const QList<long>& keys);
+    void createUnitSelector();
+    int unitSelectorWidth(const QString& size) const;
+    void initializeValueUnits(const Kelvane::Value::Units& wire);
+    void initializeNoValueUnits();
+    void setPrecision(int precision, double value);
+    void updateReading(double value);
+    void updateReading(long value);
+    void setReadOnlyStyle();
+    void buildSheets(bool lockImage);
+    QString thumbCut(const QString& text) const;
+    double converted(double value, const Kelvane::Value::Units& to) const;
+    double broadcast(double number) const;
+
+    void bindSettable(const QString& interface);
+    void bindReading(const QString& interface);
+    void bindMeter();
+    bool readLimits(const QString& interface);
+    void subscribeValue(const QString& interface);
+    void updateSliderBounds(long key);
+
+    bool showEngineValue();
+    Outgoing outgoing(double number) const;
+    void sendDouble(const Outgoing& out);
+    void sendLong(const Outgoing& out);
+    void send(const Outgoing& out, const std::function<void()>& call, const char* format);
+    void reportOutOfRange(const QString& text, const QString& actual, const QString& lower, const QString& upper);
+
+    void dds_callback_int(const char* topic, int value);
+    void dds_callback_double(const char* topic, double value);
+    void dds_callback_valueDouble(const char* topic, const Brenmoor::VALUE_DOUBLE::VALUE& value);
+    void dds_callback_valueLong(const char* topic, const Brenmoor::VALUE_LONG::VALUE& value);
+    void dds_callback_meter(const char* topic, const Brenmoor::MeterReading::Reading& reading);
+    void dds_params_callback(const char* topic);
+    void logReceived(double number, const Kelvane::Value::Units& unit) const;
+    //! Takes \a wire as the new base unit when the filter asks for it; true if it did.
+    bool followBaseUnit(const Kelvane::Value::Units& wire, bool alsoDisplay);
+    //! \a value in the base unit, as the display unit reads it; safe from a DDS thread.
+    double inDisplayUnit(double value) const;
+    void setDisplayUnit(const Kelvane::Value::Units& unit);
+
+    QStringList m_readingNames;
+    QString m_sizeName;
+    bool m_readOnly = false;
+    int m_precision = 4;
+    int m_sliderBar = 1;
+    int m_unitWidth = 0;
+    long m_defaultUnit = 0;
+    double m_upperLimit = 0.0;
+    double m_lowerLimit = 0.0;
+    QString m_unitText;
+    QLineEdit* m_valueEdit = nullptr;
+    QStringList m_unitNames;
+    QList<long> m_unitKeys;
+    bool m_unitSelectOpen = false;
+    bool m_valueFrozen = false;
+    bool m_unitFrozen = false;
+    NumpadEntryImpl* m_numpad = nullptr;
+    ComboBoxImpl* m_unitSelector = nullptr;
+    bool m_numLocked = false;
+    QString m_styleUnitMax, m_styleUnitMin, m_styleUnitThumb;
+    QString m_stylePlainMax, m_stylePlainMin, m_stylePlainThumb;
+    QString m_styleReadOnly;
+    QString m_unitListString;
+    QString m_dataType;
+    QString m_interface;
+    QString m_savedText;
+    long m_savedUnit = 0;
+    std::atomic<double> m_value{0.0};
+    double m_savedValue = 0.0;
+    std::atomic<long> m_readingIndex{0};
+    bool m_isHex = false;
+    bool m_filterByBaseUnit = false;
+    bool m_noUnitMatch = false;
+    EntryPlacement m_placement;
+    bool m_useSpinWheel = true;
+    bool m_realtimeUpdate = false;
+    //! The unit as the engine gave it; it goes back out with every value.
+    Kelvane::Value::Units m_wireUnit;
+    std::unique_ptr<Kelvane::Value::Units> m_broadcastUnit;
+    Kelvane::Value::Units m_baseUnit;
+    Kelvane::Value::Units m_displayUnit;
+    QHash<long, Kelvane::Value::Units> m_unitTable;
+    //! Guards the three units above against the DDS threads, which read and follow them.
+    mutable QMutex m_unitMutex;
+    //! The state of the last meter reading, for texts made on the interface thread.
+    std::atomic<bool> m_readingHasNoValue{false};
+    std::atomic<bool> m_readingDoubtful{false};
+};
+
+#endif // NUMERICENTRYIMPL_H

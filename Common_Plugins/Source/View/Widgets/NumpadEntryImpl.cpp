@@ -1,0 +1,419 @@
+#include "NumpadEntryImpl.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+struct KeySpec
+{
+    const char* key;
+    const char* label;
+    const char* objectName;
+    const char* member;
+    bool translated;
+    bool realTimeOnly;
+};
+
+const char* const press = SLOT(buttonPress());
+
+// Every key exists whatever the mode; Initialize() lays out those the mode shows.
+const KeySpec keySpecs[] = {
+    {"0", "0", "kbBtnBottom", press, false, false},
+    {"1", "1", "kbBtnLeft", press, false, false},
+    {"2", "2", "kbBtn", press, false, false},
+    {"3", "3", "kbBtn", press, false, false},
+    {"4", "4", "kbBtnLeft", press, false, false},
+    {"5", "5", "kbBtn", press, false, false},
+    {"6", "6", "kbBtn", press, false, false},
+    {"7", "7", "kbBtnLeft", press, false, false},
+    {"8", "8", "kbBtn", press, false, false},
+    {"9", "9", "kbBtn", press, false, false},
+    {"A", "A", "kbBtn", press, false, false},
+    {"B", "B", "kbBtn", press, false, false},
+    {"C", "C", "kbBtn", press, false, false},
+    {"D", "D", "kbBtnRight", press, false, false},
+    {"E", "E", "kbBtnRight", press, false, false},
+    {"F", "F", "kbBtnRight", press, false, false},
+    {"bksp", " ", "bksp", press, false, false},
+    {"dot", QT_TRANSLATE_NOOP("NumpadEntryImpl", "."), "kbBtnBottomLeft", press, true, false},
+    {"enter", QT_TRANSLATE_NOOP("NumpadEntryImpl", "Enter"), "enter", SLOT(submit()), true, false},
+    {"plmin", QT_TRANSLATE_NOOP("NumpadEntryImpl", "\u00b1"), "kbBtnBottom", press, true, false},
+    {"cancel", QT_TRANSLATE_NOOP("NumpadEntryImpl", "Cancel"), "cancel", SIGNAL(cancelEntry()), true, false},
+    {"clear", QT_TRANSLATE_NOOP("NumpadEntryImpl", "Clear"), "clear", press, true, false},
+    {"uparrow", " ", "upArrow", SLOT(increment()), false, true},
+    {"downarrow", " ", "downArrow", SLOT(decrement()), false, true},
+    {"incr", QT_TRANSLATE_NOOP("NumpadEntryImpl", "x10"), "incr", SLOT(incrStep()), true, true},
+    {"decr", QT_TRANSLATE_NOOP("NumpadEntryImpl", "/10"), "decr", SLOT(decrStep()), true, true},
+};
+
+//! One key's rule: \a widths are the top, right, bottom and left border widths.
+QString keyRule(const char* name, const char* widths, const QString& extra = QString())
+{
+    return QStringLiteral("QPushButton#%1 { border-width: %2; %3 }")
+        .arg(QLatin1String(name), QLatin1String(widths), extra);
+}
+
+QString keypadStyle(bool realTime)
+{
+    const QString left = QStringLiteral("border-top-left-radius: 10px; border-bottom-left-radius: 10px;");
+    const QString right = QStringLiteral("border-top-right-radius: 10px; border-bottom-right-radius: 10px;");
+    const QString round = QStringLiteral("border-radius: 10px;");
+    const QString small = QStringLiteral(" font-size: 14px; text-align: bottom;");
+    const QString medium = QStringLiteral(" font-size: 16px;");
+    const QString step = QStringLiteral("font-size: 18px;");
+    QString style = keyRule("kbBtn", "1px 0px 0px 1px") + keyRule("kbBtnLeft", "1px 0px 0px 1px", left)
+        + keyRule("kbBtnRight", "1px 1px 0px 1px", right) + keyRule("kbBtnAllRound", "1px 1px 1px 1px", round)
+        + keyRule("kbBtnBottomAllRound", "1px 1px 1px 1px", round)
+        + keyRule("kbBtnBottomLeft", "1px 0px 1px 1px", left) + keyRule("kbBtnBottom", "1px 0px 1px 1px")
+        + keyRule("kbBtnBottomRight", "1px 1px 1px 1px", right) + keyRule("cancel", "1px 0px 0px 1px", left + small)
+        + keyRule("clear", "1px 0px 0px 1px", small)
+        + keyRule("bksp", "1px 1px 0px 1px",
+                  right + QStringLiteral(" image: url(:/images/backspace.png); image-position: right center;"))
+        + keyRule("upArrow", "1px 0px 0px 1px",
+                  QStringLiteral("image: url(:/images/upArrow.png); image-position: center;"))
+        + keyRule("downArrow", "1px 0px 0px 1px",
+                  QStringLiteral("image: url(:/images/downArrow.png); image-position: center;"))
+        + keyRule("enter", "1px 1px 1px 1px",
+                  right + medium
+                      + QStringLiteral(" text-align: bottom; background-color: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
+                                       " stop:0 rgba(0,255,0,170), stop:1 rgba(0,255,0,50));"))
+        + keyRule("unit", "1px 1px 0px 1px", right + medium) + keyRule("lastUnit", "1px 1px 1px 1px", right + medium)
+        + keyRule("incr", "1px 0px 0px 1px", step) + keyRule("decr", "1px 0px 1px 1px", step)
+        + QStringLiteral("QPushButton#kbBtn:disabled, QPushButton#kbBtnBottomLeft:disabled,"
+                         " QPushButton#kbBtnBottom:disabled, QPushButton#kbBtnRight:disabled"
+                         " { background-color: #555; }"
+                         "QPushButton#bksp:pressed { image: url(:/images/bksp_pressed.png); background-color: white; }"
+                         "QPushButton#upArrow:pressed { image: url(:/images/upArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#downArrow:pressed { image: url(:/images/downArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#enter:pressed { background-color: #0b0; }"
+                         "QPushButton#RotateEntry { border: none; border-image: url(:/images/rotateEntry.png); }"
+                         "QPushButton#RotateEntry:pressed { border-image: url(:/images/rotateEntryPressed.png);"
+                         " background-color: transparent; }");
+    if (realTime)
+        style += QStringLiteral("QLineEdit {selection-color: black; selection-background-color: white;}");
+    return style;
+}
+
+QGridLayout* keyGrid()
+{
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    return grid;
+}
+
+void stretchColumns(QGridLayout* grid)
+{
+    for (int column = 0; column < grid->columnCount(); ++column)
+        grid->setColumnStretch(column, 1);
+}
+
+} // namespace
+
+NumpadEntryImpl::NumpadEntryImpl(QObject* target, QWidget* parent, const QList<QString>* units, const bool& isHex,
+                                 int width, int height, bool realTime, double lower, double upper, int precision)
+    : BaseEntryImpl(target, parent, width, height)
+    , m_precision(precision)
+    , m_lower(lower)
+    , m_upper(upper)
+    , m_realTime(realTime && !isHex)
+    , m_hexMode(isHex)
+    , m_unitLayout(new QVBoxLayout)
+{
+    borderFrame()->setStyleSheet(QStringLiteral("QFrame#BorderFrame {\tbackground-color:transparent;\tborder: none;}"));
+    m_styleText += keypadStyle(m_realTime);
+    m_unitLayout->setContentsMargins(0, 0, 0, 0);
+    m_unitLayout->setSpacing(0);
+    createButtons();
+    Initialize();
+    // After the layout, so that a unit named like a hex digit cannot take that digit's place in the grid.
+    setUnitList(units ? *units : QList<QString>());
+}
+
+NumpadEntryImpl::~NumpadEntryImpl()
+{
+    // In hex mode the unit column is never laid out, so no widget owns it.
+    if (!m_unitLayout->parent())
+        delete m_unitLayout;
+}
+
+bool NumpadEntryImpl::realtimeUpdate() const { return m_realTime; }
+
+void NumpadEntryImpl::updateLimits(double lower, double upper)
+{
+    m_lower = lower;
+    m_upper = upper;
+}
+
+void NumpadEntryImpl::resetStep() { m_stepExponent = 0.0; }
+
+void NumpadEntryImpl::updateCursorPosition()
+{
+    const QString text = m_echoEdit->text();
+    const int dot = text.indexOf(QLatin1Char('.'));
+    int position = m_stepExponent < 0.0 ? int(dot - m_stepExponent + 1.0)
+                                        : int((dot < 0 ? text.size() : dot) - m_stepExponent);
+    if (position < 0) {
+        resetStep();
+        position = 0;
+    }
+    setCursorPosition(position);
+    const int marked = m_stepExponent < 0.0 && m_stepExponent > -3.0 ? 4 : 3;
+    m_echoEdit->setSelection(position, -marked);
+}
+
+void NumpadEntryImpl::changePrecision(int precision)
+{
+    m_precision = precision;
+    updateKeypad();
+}
+
+void NumpadEntryImpl::setUnitList(const QList<QString>& labels)
+{
+    for (const QString& label : qAsConst(m_unitList)) {
+        m_unitLayout->removeWidget(getButton(label));
+        removeButton(label);
+    }
+    m_unitList = labels;
+    for (int i = 0; i < labels.size(); ++i) {
+        const QString name = i + 1 < labels.size() ? QStringLiteral("unit") : QStringLiteral("lastUnit");
+        QPushButton* key = createButton(labels.at(i), SLOT(submit()), name);
+        addButton(labels.at(i), key);
+        m_unitLayout->addWidget(key);
+    }
+    placeEnterKey();
+}
+
+void NumpadEntryImpl::setValue(const QString& text)
+{
+    BaseEntryImpl::setValue(text);
+    if (m_realTime)
+        m_currentValue = text.toDouble();
+    else
+        m_echoEdit->selectAll(); // leaves the cursor at the end
+}
+
+void NumpadEntryImpl::retranslate()
+{
+    BaseEntryImpl::retranslate();
+    for (const KeySpec& spec : keySpecs) {
+        QPushButton* key = getButton(QLatin1String(spec.key));
+        if (spec.translated && key)
+            key->setText(tr(spec.label));
+    }
+}
+
+void NumpadEntryImpl::buttonPress()
+{
+    const auto* button = qobject_cast<QPushButton*>(sender());
+    if (!m_targetEdit || !button)
+        return;
+    if (button == getButton(QStringLiteral("bksp"))) {
+        backspace();
+    } else if (button == getButton(QStringLiteral("plmin"))) {
+        toggleSign();
+    } else if (button == getButton(QStringLiteral("dot"))) {
+        insertPoint();
+    } else if (button == getButton(QStringLiteral("clear"))) {
+        clear();
+        emit clearEntry();
+    } else {
+        insert(button->text());
+        emit valueChanged();
+    }
+}
+
+void NumpadEntryImpl::Initialize()
+{
+    BaseEntryImpl::Initialize();
+    const int w = getWidth();
+    const int h = getHeight();
+    m_rotateButton = new QPushButton(getMainFrame());
+    m_rotateButton->setObjectName(QStringLiteral("RotateEntry"));
+    m_rotateButton->setFocusPolicy(Qt::NoFocus);
+    m_rotateButton->setGeometry(QRect(QPoint(w - 46, h - 46), QPoint(w - 11, h - 11)));
+    setObjectName(QStringLiteral("NumpadEntry"));
+    setMaximumSize(w, h);
+
+    auto* topRow = new QHBoxLayout;
+    topRow->setSpacing(0);
+    for (const char* key : {"cancel", "clear", "bksp"})
+        topRow->addWidget(getButton(QLatin1String(key)));
+    auto* lowerRow = new QHBoxLayout;
+    lowerRow->setSpacing(0);
+    lowerRow->addLayout(digitGrid(), m_realTime ? 4 : 3);
+    if (m_hexMode) {
+        lowerRow->addLayout(hexGrid(), 2);
+        for (QPushButton* key : {m_rotateButton, getButton(QStringLiteral("plmin")), getButton(QStringLiteral("dot"))})
+            key->setEnabled(false);
+    } else {
+        lowerRow->addLayout(m_unitLayout, 1);
+    }
+    auto* rows = new QVBoxLayout(getEntryFrame());
+    rows->setContentsMargins(10, 10, 10, 10);
+    rows->setSpacing(0);
+    rows->addLayout(topRow, 1);
+    rows->addLayout(lowerRow, 4);
+
+    getContainerFrame()->setStyleSheet(m_styleText);
+    // A key press must never take the focus from the field being edited.
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setFocusProxy(m_targetEdit);
+    connect(m_rotateButton, &QPushButton::clicked, this, &NumpadEntryImpl::rotate);
+    updateKeypad();
+}
+
+void NumpadEntryImpl::submit()
+{
+    if (const auto* button = qobject_cast<QPushButton*>(sender()))
+        emit updateUnit(button->text());
+}
+
+void NumpadEntryImpl::rotate() { emit rotateEntryMechanism(objectName()); }
+
+void NumpadEntryImpl::increment() { updateValue(1.0); }
+void NumpadEntryImpl::decrement() { updateValue(-1.0); }
+void NumpadEntryImpl::incrStep() { changeStep(1.0); }
+void NumpadEntryImpl::decrStep() { changeStep(-1.0); }
+
+void NumpadEntryImpl::createButtons()
+{
+    for (const KeySpec& spec : keySpecs) {
+        if (spec.realTimeOnly && !m_realTime)
+            continue;
+        const QString label = spec.translated ? tr(spec.label) : QLatin1String(spec.label);
+        addButton(QLatin1String(spec.key), createButton(label, spec.member, QLatin1String(spec.objectName)));
+    }
+}
+
+QGridLayout* NumpadEntryImpl::digitGrid()
+{
+    QGridLayout* grid = keyGrid();
+    for (int digit = 1; digit <= 9; ++digit)
+        grid->addWidget(getButton(QString::number(digit)), (digit - 1) / 3, (digit - 1) % 3);
+    grid->addWidget(getButton(QStringLiteral("dot")), 3, 0);
+    grid->addWidget(getButton(QStringLiteral("0")), 3, 1);
+    grid->addWidget(getButton(QStringLiteral("plmin")), 3, 2);
+    if (m_realTime) {
+        int row = 0;
+        for (const char* key : {"uparrow", "downarrow", "incr", "decr"})
+            grid->addWidget(getButton(QLatin1String(key)), row++, 3);
+    }
+    stretchColumns(grid);
+    return grid;
+}
+
+QGridLayout* NumpadEntryImpl::hexGrid()
+{
+    QGridLayout* grid = keyGrid();
+    const QString letters = QStringLiteral("ABCDEF");
+    for (int i = 0; i < letters.size(); ++i)
+        grid->addWidget(getButton(letters.at(i)), i % 3, i / 3);
+    grid->addWidget(getButton(QStringLiteral("enter")), 3, 0, 1, 2);
+    stretchColumns(grid);
+    return grid;
+}
+
+void NumpadEntryImpl::updateKeypad()
+{
+    if (!m_hexMode)
+        getButton(QStringLiteral("dot"))->setEnabled(m_precision >= 1);
+}
+
+void NumpadEntryImpl::placeEnterKey()
+{
+    // Hex mode keeps Enter in its grid; otherwise a unit key submits too, so
+    // Enter has a place in the column only while no unit is offered.
+    if (m_hexMode)
+        return;
+    QPushButton* enter = getButton(QStringLiteral("enter"));
+    const bool placed = m_unitLayout->indexOf(enter) >= 0;
+    if (m_unitList.isEmpty() && !placed) {
+        m_unitLayout->addWidget(enter);
+    } else if (!m_unitList.isEmpty() && placed) {
+        m_unitLayout->removeWidget(enter);
+        enter->setParent(nullptr);
+    }
+}
+
+void NumpadEntryImpl::backspace()
+{
+    const int cursor = m_targetEdit->cursorPosition();
+    if (cursor == 0)
+        return;
+    QString text = m_targetEdit->text();
+    text.remove(cursor - 1, 1);
+    // A sign alone is no number.
+    if (text == QLatin1String("-"))
+        text.clear();
+    setText(text);
+    m_targetEdit->setCursorPosition(cursor - 1);
+    if (text.isEmpty())
+        emit clearEntry();
+    else
+        emit valueChanged();
+}
+
+void NumpadEntryImpl::toggleSign()
+{
+    QString text = m_targetEdit->text();
+    const int minus = text.indexOf(QLatin1Char('-'));
+    if (text.isEmpty() || m_targetEdit->hasSelectedText())
+        text = QStringLiteral("-");
+    else if (minus >= 0)
+        text.remove(minus, 1);
+    else
+        text.prepend(QLatin1Char('-'));
+    setText(text);
+    emit valueChanged();
+}
+
+void NumpadEntryImpl::insertPoint()
+{
+    const QString text = m_targetEdit->text();
+    if (!text.contains(QLatin1Char('.'))) {
+        if (text.isEmpty())
+            setText(QStringLiteral("0."));
+        else
+            insert(QStringLiteral("."));
+    } else if (m_targetEdit->hasSelectedText()) {
+        setText(QStringLiteral("0."));
+    } else {
+        return;
+    }
+    emit valueChanged();
+}
+
+void NumpadEntryImpl::updateValue(double direction)
+{
+    double candidate = m_currentValue + std::pow(10.0, m_stepExponent) * direction;
+    if (candidate < m_lower || candidate > m_upper)
+        candidate = m_currentValue;
+    setValue(QString::number(candidate, 'f', m_precision));
+    updateCursorPosition();
+    // The field sends this to the engine at once.
+    emit valueChanged(m_echoEdit->text());
+}
+
+void NumpadEntryImpl::changeStep(double direction)
+{
+    double top = std::log10(std::abs(m_currentValue)) + 1.0;
+    if (m_currentValue < 0.0)
+        top = std::min(top, std::log10(std::abs(m_lower)));
+    else if (m_currentValue > 0.0)
+        top = std::min(top, std::log10(std::abs(m_upper)));
+    const double exponent = m_stepExponent + direction;
+    if (exponent < -m_precision || exponent > std::max(top, 1.0))
+        return;
+    m_stepExponent = exponent;
+    updateCursorPosition();
+}

@@ -1,0 +1,77 @@
+// What a numeric entry costs the operator: from a touch on the field until
+// the keypad is painted, and from the unit key that ends an entry until the
+// engine's set() has the value (in-process engine, real CORBA call from a
+// worker). Prints p50 and p99 in microseconds.
+#include "BenchReport.h"
+#include "GlobalImpl.h"
+#include "NumericEntryImpl.h"
+#include "NumpadEntryImpl.h"
+#include "SimEngine.h"
+#include "SystemModule.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+
+namespace {
+
+void touch(NumericEntryImpl& field)
+{
+    const QPoint pos = field.findChild<QLineEdit*>()->geometry().center();
+    QMouseEvent release(QEvent::MouseButtonRelease, pos, field.mapToGlobal(pos), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QApplication::sendEvent(&field, &release);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    QApplication app(argc, argv);
+    QWidget screen;
+    screen.resize(800, 480);
+    GlobalImpl::getInstance()->systemModule()->addSystemScreen(QStringLiteral("MainWindow"), &screen);
+    screen.show();
+
+    SimEngine engine;
+    SimAttributeSetup center;
+    center.name = "Center";
+    center.kind = SimKind::AttribValueDouble;
+    center.value = 1e9;
+    center.limits = SimLimits{1e3, 6e9, 1};
+    center.units = {"0,0,0", "Hz;;;;"};
+    engine.addAttribute(center);
+
+    NumericEntryImpl field(&screen, QStringLiteral("Centre frequency"));
+    field.setGeometry(40, 40, 220, 60);
+    field.setUnitListString(QStringLiteral("0,0,0:Hz;;;;|0,3,0:Hz;;;;|0,6,0:Hz;;;;|0,9,0:Hz;;;;"));
+    field.setDefaultUnit(2);
+    field.show();
+    field.bindAttribute(engine.attribute("Center"));
+    QApplication::processEvents();
+    NumpadEntryImpl* pad = field.numpadWidget();
+
+    benchReport("keypad open until painted", 1000, [&] {
+        touch(field);
+        pad->repaint();
+    }, [&] {
+        QMetaObject::invokeMethod(&field, "closeInput");
+        QApplication::processEvents();
+    });
+
+    int round = 0;
+    unsigned sets = engine.setCount("Center");
+    benchReport("Enter until engine set()", 1000, [&] {
+        pad->getButton(QStringLiteral("MHz"))->click();
+        while (engine.setCount("Center") == sets)
+            QApplication::processEvents(QEventLoop::AllEvents, 1);
+        sets = engine.setCount("Center");
+    }, [&] {
+        QApplication::processEvents();
+        touch(field);
+        pad->getButton(QString::number(1 + round++ % 9))->click();
+    });
+    return 0;
+}

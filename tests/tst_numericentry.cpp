@@ -1,0 +1,454 @@
+// NumericEntryImpl: the road of one change from a touch through the keypad
+// to the engine and back, in-process and against an engine process; the
+// unit list and its filter; the texts a field shows; where the keypad opens.
+#include "BoundedExit.h"
+#include "ComboBoxImpl.h"
+#include "EntryPlacement.h"
+#include "GlobalImpl.h"
+#include "NumericEntryImpl.h"
+#include "NumpadEntryImpl.h"
+#include "QRVStatusBar.h"
+#include "SimEngine.h"
+#include "SimEngineProcess.h"
+#include "SystemModule.h"
+#include "TestSupport.h"
+#include "UnitDescriptions.h"
+
+#include <Brenmoor.hh>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryFile>
+#include <QtTest>
+
+namespace {
+
+const QString frequencyUnits = QStringLiteral("0,0,0:Hz;;;;|0,3,0:Hz;;;;|0,6,0:Hz;;;;|0,9,0:Hz;;;;");
+const QString powerUnits = QStringLiteral("10,0,-3:W;;;;|0,-3,0:W;;;;|0,0,0:V;;;;");
+
+SimAttributeSetup attribute(const char* name, SimKind kind, SimValue value, std::optional<SimLimits> limits = {},
+                            SimUnits units = {})
+{
+    SimAttributeSetup setup;
+    setup.name = name;
+    setup.kind = kind;
+    setup.value = std::move(value);
+    setup.limits = limits;
+    setup.units = std::move(units);
+    return setup;
+}
+
+QLineEdit* boxOf(NumericEntryImpl& field) { return field.findChild<QLineEdit*>(); }
+
+// A touch on the value box, which is disabled and so lets the field take it.
+void touch(NumericEntryImpl& field)
+{
+    const QPoint centre = boxOf(field)->geometry().center();
+    QTest::mousePress(&field, Qt::LeftButton, Qt::NoModifier, centre);
+    QTest::mouseRelease(&field, Qt::LeftButton, Qt::NoModifier, centre);
+}
+
+void press(NumpadEntryImpl* pad, const QString& key)
+{
+    QPushButton* button = pad->getButton(key);
+    QVERIFY2(button, qPrintable(key));
+    button->click();
+}
+
+// Touch, type, and end with a unit key (or "enter").
+void typeIn(NumericEntryImpl& field, const QStringList& keys, const QString& unitKey)
+{
+    touch(field);
+    QVERIFY(field.numpadWidget()->isVisible());
+    for (const QString& key : keys)
+        press(field.numpadWidget(), key);
+    press(field.numpadWidget(), unitKey);
+}
+
+} // namespace
+
+class TestNumericEntry : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+    void roadOfOneChange();
+    void roadOfOneChangeThroughAnEngineProcess();
+    void refusedValueRestoresTheText();
+    void sampleReplacesTextWhileTheKeypadIsOpen();
+    void cancelSendsTheSavedValue();
+    void decibelFieldShowsMilliwatt();
+    void hexFieldShowsAndSendsHex();
+    void meterReadingTexts();
+    void unknownInterfaceBindsToNothing();
+    void unitListAndFilter();
+    void textsAndSignals_data();
+    void textsAndSignals();
+    void enableStates();
+    void secondFieldWaitsForTheFirst();
+    void placement_data();
+    void placement();
+    void looks();
+
+private:
+    void bind(NumericEntryImpl& field, const char* name)
+    {
+        field.setAttributeName(QString::fromLatin1(name));
+        field.bindAttribute(m_engine->attribute(name));
+        QTest::qWait(500);
+    }
+    NumericEntryImpl* frequencyField();
+    //! The engine's last set value of \a name; none yet gives -1.
+    template<class T>
+    T lastSet(const char* name) const
+    {
+        const std::optional<SimValue> value = m_engine->lastSetValue(name);
+        return value && std::holds_alternative<T>(*value) ? std::get<T>(*value) : T(-1);
+    }
+
+    std::unique_ptr<SimEngine> m_engine;
+    QWidget* m_screen = nullptr;
+    QRVStatusBar* m_statusBar = nullptr;
+};
+
+void TestNumericEntry::initTestCase()
+{
+    m_screen = new QWidget;
+    m_screen->resize(800, 480);
+    m_screen->setObjectName(QStringLiteral("screen"));
+    m_screen->setStyleSheet(QStringLiteral("QWidget#screen { background-color: #101418; }"));
+    GlobalImpl::getInstance()->systemModule()->addSystemScreen(QStringLiteral("MainWindow"), m_screen);
+    m_screen->show();
+    m_statusBar = new QRVStatusBar;
+    GlobalImpl::getInstance()->setStatusBar(m_statusBar);
+
+    m_engine = std::make_unique<SimEngine>();
+    m_engine->addAttribute(attribute("Center", SimKind::AttribValueDouble, 1e9, SimLimits{1e3, 6e9, 1},
+                                     {"0,0,0", "Hz;;;;"}));
+    m_engine->addAttribute(attribute("RefLevel", SimKind::AttribValueDouble, 0.0, SimLimits{-100, 30, 1},
+                                     {"10,0,-3", "W;;;;"}));
+    m_engine->addAttribute(attribute("Register", SimKind::AttribLong, std::int64_t{255}, SimLimits{0, 65535, 1}));
+    m_engine->addAttribute(attribute("Meter", SimKind::ReadingMeterReading, -20.0, SimLimits{-80, 0, 1},
+                                     {"10,0,-3", "W;;;;"}));
+    m_engine->addAttribute(attribute("Flag", SimKind::AttribBoolean, true));
+}
+
+void TestNumericEntry::cleanup()
+{
+    m_engine->setValue("Center", 1e9);
+    QTRY_VERIFY(!GlobalImpl::getInstance()->entryMechanism());
+}
+
+NumericEntryImpl* TestNumericEntry::frequencyField()
+{
+    auto* field = new NumericEntryImpl(m_screen, QStringLiteral("Center"));
+    field->setGeometry(40, 40, 220, 60);
+    field->setUnitListString(frequencyUnits);
+    field->setDefaultUnit(2);
+    field->show();
+    bind(*field, "Center");
+    return field;
+}
+
+void TestNumericEntry::roadOfOneChange()
+{
+    std::unique_ptr<NumericEntryImpl> field(frequencyField());
+    QCOMPARE(field->getValue(), QStringLiteral("1000.0000"));
+    QCOMPARE(field->getUnit(), QStringLiteral("MHz"));
+    QSignalSpy shown(field.get(), qOverload<double>(&NumericEntryImpl::valueChanged));
+
+    typeIn(*field, {"1", "2"}, QStringLiteral("MHz"));
+
+    QVERIFY(!field->numpadWidget()->isVisible());
+    QTRY_COMPARE(lastSet<double>("Center"), 12e6);
+    QTRY_COMPARE(field->getValue(), QStringLiteral("12.0000"));
+    QCOMPARE(field->getUnit(), QStringLiteral("MHz"));
+    QCOMPARE(field->baseValue(), 12e6);
+    QVERIFY(!shown.isEmpty());
+    QCOMPARE(shown.last().at(0).toDouble(), 12.0);
+}
+
+void TestNumericEntry::roadOfOneChangeThroughAnEngineProcess()
+{
+    QTemporaryFile scenario;
+    QVERIFY(scenario.open());
+    scenario.write(R"({"attributes":[{"name":"Center","kind":"EngineAttribValueDouble","value":1e9,)"
+                   R"("limits":{"lower":1e3,"upper":6e9},"units":"0,0,0:Hz;;;;"}]})");
+    scenario.close();
+    SimEngineProcess engine;
+    QVERIFY2(engine.start(scenario.fileName()), qPrintable(engine.errorString()));
+    Brenmoor::AttributeDirectory_var directory = engine.directory();
+    SimEngineControl::Control_var control = engine.control();
+    NumericEntryImpl field(m_screen, QStringLiteral("Center"));
+    field.setUnitListString(frequencyUnits);
+    field.setDefaultUnit(2);
+    field.show();
+    field.bindAttribute(directory->find("Center"));
+    // Across processes the engine's writer may learn of the reader late.
+    QTest::qWait(1500);
+
+    typeIn(field, {"1", "2"}, QStringLiteral("MHz"));
+
+    QTRY_COMPARE_WITH_TIMEOUT(control->setCount("Center"), CORBA::ULong(1), 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(field.getValue(), QStringLiteral("12.0000"), 5000);
+    QCOMPARE(field.baseValue(), 12e6);
+}
+
+void TestNumericEntry::refusedValueRestoresTheText()
+{
+    std::unique_ptr<NumericEntryImpl> field(frequencyField());
+    QSignalSpy told(field.get(), &WidgetBaseImpl::exceptionMessage);
+
+    typeIn(*field, {"9", "9"}, QStringLiteral("GHz"));
+
+    QTRY_COMPARE(told.count(), 1);
+    QVERIFY(told.first().at(0).toString().contains(QStringLiteral("Exception info (actual, lower, upper): 9.9e+10 1000 6e+09")));
+    QTRY_COMPARE(field->getValue(), QStringLiteral("1000.0000"));
+    QCOMPARE(field->getUnit(), QStringLiteral("MHz"));
+    QCOMPARE(std::get<double>(m_engine->value("Center")), 1e9);
+}
+
+void TestNumericEntry::sampleReplacesTextWhileTheKeypadIsOpen()
+{
+    std::unique_ptr<NumericEntryImpl> field(frequencyField());
+    touch(*field);
+    press(field->numpadWidget(), QStringLiteral("7"));
+    QCOMPARE(field->getValue(), QStringLiteral("7"));
+
+    m_engine->setValue("Center", 2e9);
+
+    QTRY_COMPARE(field->getValue(), QStringLiteral("2000.0000"));
+    QVERIFY(field->numpadWidget()->isVisible());
+    press(field->numpadWidget(), QStringLiteral("cancel"));
+    QVERIFY(!field->numpadWidget()->isVisible());
+}
+
+void TestNumericEntry::cancelSendsTheSavedValue()
+{
+    std::unique_ptr<NumericEntryImpl> field(frequencyField());
+    const unsigned before = m_engine->setCount("Center");
+    touch(*field);
+    press(field->numpadWidget(), QStringLiteral("cancel"));
+    QTRY_COMPARE(m_engine->setCount("Center"), before + 1);
+    QCOMPARE(lastSet<double>("Center"), 1e9);
+    QCOMPARE(field->getValue(), QStringLiteral("1000.0000"));
+}
+
+void TestNumericEntry::decibelFieldShowsMilliwatt()
+{
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(powerUnits);
+    field.setFilterByBaseUnit(true);
+    field.setDefaultUnit(7); // not offered: the first unit is taken
+    field.show();
+    bind(field, "RefLevel");
+    QCOMPARE(field.getUnit(), QStringLiteral("dBm"));
+    QCOMPARE(field.unitSelectorWidget()->getList().size(), 2); // volts are filtered out
+
+    field.setIndex(1L);
+    QCOMPARE(field.getUnit(), QStringLiteral("mW"));
+    QCOMPARE(field.getValue(), QStringLiteral("1.0000"));
+
+    typeIn(field, {"1", "0", "0"}, QStringLiteral("mW"));
+    QTRY_COMPARE(lastSet<double>("RefLevel"), 20.0);
+    QTRY_COMPARE(field.getValue(), QStringLiteral("100.0000"));
+}
+
+void TestNumericEntry::hexFieldShowsAndSendsHex()
+{
+    NumericEntryImpl field(m_screen);
+    field.setIsHex(true);
+    field.show();
+    bind(field, "Register");
+    QCOMPARE(field.getValue(), QStringLiteral("FF"));
+    QVERIFY(field.numpadWidget()->getButton(QStringLiteral("A"))->parentWidget());
+
+    typeIn(field, {"1", "A"}, QStringLiteral("enter"));
+
+    QTRY_COMPARE(lastSet<std::int64_t>("Register"), std::int64_t{26});
+    QTRY_COMPARE(field.getValue(), QStringLiteral("1A"));
+}
+
+void TestNumericEntry::meterReadingTexts()
+{
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(QStringLiteral("10,0,-3:W;;;;"));
+    field.show();
+    bind(field, "Meter");
+    QCOMPARE(field.getValue(), QStringLiteral("-20"));
+    QVERIFY(!field.numpadWidget());
+
+    touch(field); // a reading has no keypad
+    QTRY_VERIFY(!GlobalImpl::getInstance()->entryMechanism());
+
+    m_engine->setValue("Meter", 5.0); // above the upper limit
+    QTRY_COMPARE(field.getValue(), QStringLiteral("Over Limit"));
+
+    field.setReadingIndex(3); // the engine's list has one reading
+    m_engine->setValue("Meter", -30.0);
+    QTest::qWait(300);
+    QCOMPARE(field.getValue(), QStringLiteral("Over Limit"));
+}
+
+void TestNumericEntry::unknownInterfaceBindsToNothing()
+{
+    NumericEntryImpl field(m_screen);
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(">>>>>Expected Numeric type but received: .*EngineAttribBoolean"));
+    bind(field, "Flag");
+    QCOMPARE(field.getValue(), QStringLiteral("0.00"));
+    QVERIFY(!field.numpadWidget());
+}
+
+void TestNumericEntry::unitListAndFilter()
+{
+    // A unit-based attribute without a unit list says so and offers nothing.
+    NumericEntryImpl bare(m_screen);
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("uses unit based values, set Units string in UI file"));
+    bind(bare, "Center");
+    QVERIFY(!bare.unitSelectorWidget());
+
+    // Nothing fits the base unit: the base unit alone is offered and kept.
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(QStringLiteral("0,0,0:V;;;;|0,-3,0:V;;;;"));
+    field.setFilterByBaseUnit(true);
+    bind(field, "Center");
+    QCOMPARE(field.unitSelectorWidget()->getText(), QStringLiteral("Hz"));
+    field.setIndex(1L);
+    QCOMPARE(field.getUnit(), QStringLiteral("Hz"));
+    QCOMPARE(field.getValue(), QStringLiteral("1000000000.0000"));
+
+    // A malformed description costs its own entry only.
+    NumericEntryImpl local(m_screen);
+    local.setUnitListString(QStringLiteral("0,3,0:Hz;;;;|nonsense|0,6,0:Hz;;;;"));
+    QCOMPARE(local.unitSelectorWidget()->getList().size(), 2);
+}
+
+void TestNumericEntry::textsAndSignals_data()
+{
+    QTest::addColumn<QString>("size");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<int>("signals");
+    QTest::addColumn<double>("number");
+    QTest::newRow("doubtful") << "Min" << "12.5?" << "12.5?" << 1 << 12.5;
+    QTest::newRow("question mark alone") << "Min" << "?" << "?" << 1 << 0.0;
+    QTest::newRow("over limit") << "Min" << "Over Limit" << "Over Limit" << 0 << 0.0;
+    QTest::newRow("no value") << "Min" << "" << "" << 0 << 0.0;
+    QTest::newRow("thumb cuts a short text away") << "Thumb" << "1.5" << "" << 1 << 1.5;
+    QTest::newRow("thumb cut") << "Thumb" << "12345" << "2345345455" << 1 << 12345.0;
+}
+
+void TestNumericEntry::textsAndSignals()
+{
+    QFETCH(QString, size);
+    QFETCH(QString, text);
+    NumericEntryImpl field;
+    field.changeSize(size);
+    QSignalSpy spy(&field, qOverload<double>(&NumericEntryImpl::valueChanged));
+    field.setValue(text);
+    QTEST(field.getValue(), "shown");
+    QTEST(spy.count(), "signals");
+    if (!spy.isEmpty())
+        QTEST(spy.first().at(0).toDouble(), "number");
+}
+
+void TestNumericEntry::enableStates()
+{
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(frequencyUnits);
+    field.setGeometry(40, 200, 220, 60);
+    field.show();
+    QWidget* unitBox = field.unitSelectorWidget()->getValueField();
+    const QPoint onUnit = unitBox->mapTo(&field, unitBox->rect().center());
+
+    field.setEnableState(1); // the unit is frozen
+    QTest::mouseRelease(&field, Qt::LeftButton, Qt::NoModifier, onUnit);
+    QVERIFY(!GlobalImpl::getInstance()->entryMechanism());
+
+    field.setEnableState(2); // the value is frozen, the unit is free
+    touch(field);
+    QVERIFY(!GlobalImpl::getInstance()->entryMechanism());
+    QTest::mouseRelease(&field, Qt::LeftButton, Qt::NoModifier, onUnit);
+    QCOMPARE(GlobalImpl::getInstance()->entryMechanism(), field.unitSelectorWidget());
+    field.unitSelectorWidget()->submit(3);
+    QCOMPARE(field.getUnit(), QStringLiteral("GHz"));
+    QVERIFY(!GlobalImpl::getInstance()->entryMechanism());
+
+    field.setEnableState(0);
+    QVERIFY(!field.isEnabled());
+}
+
+void TestNumericEntry::secondFieldWaitsForTheFirst()
+{
+    std::unique_ptr<NumericEntryImpl> first(frequencyField());
+    NumericEntryImpl second(m_screen);
+    second.setGeometry(40, 300, 220, 60);
+    second.show();
+    bind(second, "Register");
+    touch(*first);
+    touch(second);
+    QVERIFY(first->numpadWidget()->isVisible());
+    QVERIFY(!second.numpadWidget()->isVisible());
+    press(first->numpadWidget(), QStringLiteral("cancel"));
+    touch(second);
+    QVERIFY(second.numpadWidget()->isVisible());
+    press(second.numpadWidget(), QStringLiteral("cancel"));
+    // The cancels send the saved values; let their samples land before the
+    // fields go (a reader torn down while another widget's sample waits for
+    // this thread still hangs the teardown).
+    QTest::qWait(500);
+}
+
+void TestNumericEntry::placement_data()
+{
+    QTest::addColumn<QRect>("field");
+    QTest::addColumn<int>("selector");
+    QTest::addColumn<QPoint>("position");
+    QTest::addColumn<int>("corner");
+    QTest::newRow("room right and below") << QRect(40, 40, 100, 30) << 50 << QPoint(195, 75) << 3;
+    QTest::newRow("right edge opens left") << QRect(500, 40, 100, 30) << 50 << QPoint(235, 75) << 4;
+    QTest::newRow("low field opens above") << QRect(40, 400, 100, 30) << 0 << QPoint(145, 15) << 1;
+    QTest::newRow("near both edges keeps the margin") << QRect(200, 40, 500, 30) << 0 << QPoint(40, 75) << 4;
+}
+
+void TestNumericEntry::placement()
+{
+    QFETCH(QRect, field);
+    QFETCH(int, selector);
+    const EntryPlacement placement(field, QSize(260, 380), selector, QSize(800, 480));
+    QTEST(placement.position(), "position");
+    QTEST(int(placement.corner()), "corner");
+}
+
+void TestNumericEntry::looks()
+{
+    NumericEntryImpl* field = frequencyField();
+    auto* plain = new NumericEntryImpl(m_screen, QStringLiteral("Register (hex)"));
+    plain->setIsHex(true);
+    plain->setGeometry(40, 130, 220, 60);
+    plain->show();
+    plain->bindAttribute(m_engine->attribute("Register"));
+    auto* thumb = new NumericEntryImpl(m_screen, QStringLiteral("Reference level"));
+    thumb->setUnitListString(powerUnits);
+    thumb->setGeometry(40, 220, 220, 80);
+    thumb->show();
+    thumb->bindAttribute(m_engine->attribute("RefLevel"));
+    thumb->changeSize(QStringLiteral("Max"));
+    touch(*field);
+    press(field->numpadWidget(), QStringLiteral("4"));
+    QTest::qWait(100);
+    const QImage image = TestSupport::savePng(m_screen, QStringLiteral("numericentry_keypad_open"));
+    QVERIFY(!image.isNull());
+    press(field->numpadWidget(), QStringLiteral("cancel"));
+    QTest::qWait(500); // see secondFieldWaitsForTheFirst
+    delete thumb;
+    delete plain;
+    delete field;
+}
+
+RV_TEST_MAIN_BOUNDED_EXIT(TestNumericEntry, QApplication)
+#include "tst_numericentry.moc"
