@@ -194,9 +194,7 @@ void NumericEntryImpl::addUnits(const QStringList& labels, const QList<long>& ke
     for (int i = 0; i < keys.size(); ++i)
         list << ComboBoxListStruct(keys.at(i), labels.at(i), true);
     m_unitSelector->setList(list, -1);
-    m_unitWidth = unitSelectorWidth(m_sizeName);
-    m_unitSelector->setMinimumWidth(m_unitWidth);
-    m_unitSelector->setMaximumWidth(m_unitWidth);
+    fitUnitSelector();
     if (!created)
         return;
     m_unitSelector->setEnabled(false);
@@ -213,6 +211,13 @@ void NumericEntryImpl::createUnitSelector()
 }
 
 // The selector is as wide as its longest label in the font of the size.
+void NumericEntryImpl::fitUnitSelector()
+{
+    m_unitWidth = unitSelectorWidth(m_sizeName);
+    m_unitSelector->setMinimumWidth(m_unitWidth);
+    m_unitSelector->setMaximumWidth(m_unitWidth);
+}
+
 int NumericEntryImpl::unitSelectorWidth(const QString& size) const
 {
     QFont font = m_unitSelector->font();
@@ -343,14 +348,18 @@ void NumericEntryImpl::updateReading(long value)
     emit valueChanged(double(value));
 }
 
+void NumericEntryImpl::takeBaseUnit(const QString& description)
+{
+    const Units unit = ValueHelper::convertToUnits(description);
+    QMutexLocker lock(&m_unitMutex);
+    m_baseUnit = unit;
+}
+
 void NumericEntryImpl::setValue(double value, const QString& inputUnit)
 {
     m_value = value;
     if (!inputUnit.isEmpty()) {
-        {
-            QMutexLocker lock(&m_unitMutex);
-            m_baseUnit = ValueHelper::convertToUnits(inputUnit);
-        }
+        takeBaseUnit(inputUnit);
         value = inDisplayUnit(value);
     }
     updateReading(value);
@@ -366,10 +375,7 @@ void NumericEntryImpl::setValue(long value, const QString& inputUnit)
     m_value = double(value);
     double shown = double(value);
     if (!inputUnit.isEmpty()) {
-        {
-            QMutexLocker lock(&m_unitMutex);
-            m_baseUnit = ValueHelper::convertToUnits(inputUnit);
-        }
+        takeBaseUnit(inputUnit);
         shown = inDisplayUnit(shown);
     }
     updateReading(long(shown));
@@ -449,9 +455,7 @@ void NumericEntryImpl::changeSize(const QString& size)
         return;
     if (withUnit && known)
         m_unitSelector->changeSize(m_sizeName);
-    m_unitWidth = unitSelectorWidth(m_sizeName);
-    m_unitSelector->setMinimumWidth(m_unitWidth);
-    m_unitSelector->setMaximumWidth(m_unitWidth);
+    fitUnitSelector();
 }
 
 void NumericEntryImpl::buildSheets(bool lockImage)
@@ -631,11 +635,7 @@ void NumericEntryImpl::restoreValue()
 {
     revertChanges();
     if (!CORBA::is_nil(m_attribute)) {
-        const Outgoing out = outgoing(m_savedValue);
-        if (m_dataType == QLatin1String("double") || m_dataType == QLatin1String("ValueDouble"))
-            sendOnWorker([this, out] { sendDouble(out); });
-        else
-            sendOnWorker([this, out] { sendLong(out); });
+        startSend(m_savedValue);
     }
     closeInput();
 }
@@ -666,6 +666,24 @@ typename Interface::_var_type narrowed(Brenmoor::EngineReadingBase_ptr attr, con
     if (CORBA::is_nil(object) && failure)
         qDebug() << failure;
     return object;
+}
+
+template<class Interface>
+bool limitsOf(Brenmoor::EngineReadingBase_ptr attr, const char* failure, double* lower, double* upper)
+{
+    auto object = narrowed<Interface>(attr, failure);
+    if (CORBA::is_nil(object))
+        return false;
+    const auto limits = object->limits();
+    *lower = limits.lower;
+    *upper = limits.upper;
+    return true;
+}
+
+template<class Interface>
+CORBA::String_var limitsTopicOf(Brenmoor::EngineReadingBase_ptr attr)
+{
+    return Interface::_narrow(attr)->limitsTopic();
 }
 
 } // namespace
@@ -734,15 +752,11 @@ void NumericEntryImpl::bindSettable(const QString& interface)
         setIndex(m_defaultUnit);
     }
     subscribeValue(interface);
-    CORBA::String_var limitsTopic;
-    if (interface == QLatin1String("EngineAttribLong"))
-        limitsTopic = Brenmoor::EngineAttribLong::_narrow(m_attribute)->limitsTopic();
-    else if (interface == QLatin1String("EngineAttribDouble"))
-        limitsTopic = Brenmoor::EngineAttribDouble::_narrow(m_attribute)->limitsTopic();
-    else if (interface == QLatin1String("EngineAttribValueLong"))
-        limitsTopic = Brenmoor::EngineAttribValueLong::_narrow(m_attribute)->limitsTopic();
-    else
-        limitsTopic = Brenmoor::EngineAttribValueDouble::_narrow(m_attribute)->limitsTopic();
+    const CORBA::String_var limitsTopic
+        = interface == QLatin1String("EngineAttribLong")         ? limitsTopicOf<Brenmoor::EngineAttribLong>(m_attribute)
+          : interface == QLatin1String("EngineAttribDouble")     ? limitsTopicOf<Brenmoor::EngineAttribDouble>(m_attribute)
+          : interface == QLatin1String("EngineAttribValueLong") ? limitsTopicOf<Brenmoor::EngineAttribValueLong>(m_attribute)
+                                                                 : limitsTopicOf<Brenmoor::EngineAttribValueDouble>(m_attribute);
     subscribeToVoidDDS(limitsTopic.in(), boost::bind(&NumericEntryImpl::dds_params_callback, this, _1));
     connect(this, &NumericEntryImpl::updateLimits, this, &NumericEntryImpl::updateParams,
             Qt::BlockingQueuedConnection);
@@ -752,38 +766,15 @@ void NumericEntryImpl::bindSettable(const QString& interface)
 bool NumericEntryImpl::readLimits(const QString& interface)
 {
     const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
-    if (interface == QLatin1String("EngineAttribLong") || interface == QLatin1String("EngineAttribValueLong")) {
-        Brenmoor::LimitsLong limits;
-        if (interface == QLatin1String("EngineAttribLong")) {
-            auto attr = narrowed<Brenmoor::EngineAttribLong>(m_attribute, failure.constData());
-            if (CORBA::is_nil(attr))
-                return false;
-            limits = attr->limits();
-        } else {
-            auto attr = narrowed<Brenmoor::EngineAttribValueLong>(m_attribute, failure.constData());
-            if (CORBA::is_nil(attr))
-                return false;
-            limits = attr->limits();
-        }
-        m_lowerLimit = limits.lower;
-        m_upperLimit = limits.upper;
-        return true;
-    }
-    Brenmoor::LimitsDouble limits;
-    if (interface == QLatin1String("EngineAttribDouble")) {
-        auto attr = narrowed<Brenmoor::EngineAttribDouble>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return false;
-        limits = attr->limits();
-    } else {
-        auto attr = narrowed<Brenmoor::EngineAttribValueDouble>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return false;
-        limits = attr->limits();
-    }
-    m_lowerLimit = limits.lower;
-    m_upperLimit = limits.upper;
-    return true;
+    double* lower = &m_lowerLimit;
+    double* upper = &m_upperLimit;
+    if (interface == QLatin1String("EngineAttribLong"))
+        return limitsOf<Brenmoor::EngineAttribLong>(m_attribute, failure.constData(), lower, upper);
+    if (interface == QLatin1String("EngineAttribValueLong"))
+        return limitsOf<Brenmoor::EngineAttribValueLong>(m_attribute, failure.constData(), lower, upper);
+    if (interface == QLatin1String("EngineAttribDouble"))
+        return limitsOf<Brenmoor::EngineAttribDouble>(m_attribute, failure.constData(), lower, upper);
+    return limitsOf<Brenmoor::EngineAttribValueDouble>(m_attribute, failure.constData(), lower, upper);
 }
 
 void NumericEntryImpl::bindReading(const QString& interface)
@@ -1017,11 +1008,7 @@ void NumericEntryImpl::enterValue()
             qDebug() << "UserInterface - NUMERIC:" << getAttributeName() << "threw exception while sending:" << text;
             revertChanges();
         } else {
-            const Outgoing out = outgoing(number);
-            if (m_dataType == QLatin1String("double") || m_dataType == QLatin1String("ValueDouble"))
-                sendOnWorker([this, out] { sendDouble(out); });
-            else
-                sendOnWorker([this, out] { sendLong(out); });
+            startSend(number);
         }
     }
     emit valueChanged(broadcast(m_valueEdit->text().toDouble()));
@@ -1056,6 +1043,15 @@ NumericEntryImpl::Outgoing NumericEntryImpl::outgoing(double number) const
 }
 
 // ---- sends, on a worker ----------------------------------------------------
+
+void NumericEntryImpl::startSend(double number)
+{
+    const Outgoing out = outgoing(number);
+    if (m_dataType == QLatin1String("double") || m_dataType == QLatin1String("ValueDouble"))
+        sendOnWorker([this, out] { sendDouble(out); });
+    else
+        sendOnWorker([this, out] { sendLong(out); });
+}
 
 void NumericEntryImpl::sendDouble(const Outgoing& out)
 {

@@ -161,10 +161,13 @@ private:
     void addUnits(const QString& units);
     void addUnits(const QStringList& labels, const QList<long>& keys);
     void createUnitSelector();
+    void fitUnitSelector();
     int unitSelectorWidth(const QString& size) const;
     void initializeValueUnits(const Kelvane::Value::Units& wire);
     void initializeNoValueUnits();
     void setPrecision(int precision, double value);
+    //! A value given with a unit description brings the base unit along.
+    void takeBaseUnit(const QString& description);
     void updateReading(double value);
     void updateReading(long value);
     void setReadOnlyStyle();
@@ -182,6 +185,8 @@ private:
 
     bool showEngineValue();
     Outgoing outgoing(double number) const;
+    //! Sends \a number, in the base unit, from a worker by the attribute's type word.
+    void startSend(double number);
     void sendDouble(const Outgoing& out);
     void sendLong(const Outgoing& out);
     void send(const Outgoing& out, const std::function<void()>& call, const char* format);
