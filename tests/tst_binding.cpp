@@ -68,6 +68,7 @@ private slots:
     void widgetsOnOneAttributeShareItsTopic();
     void destroyedRightAfterBinding();
     void destroyedWhileADdsThreadWaitsOnTheInterfaceThread();
+    void destroyedWhileAnotherWidgetsSampleWaits();
     void lostEngineLinkShowsOnceAndStays();
     void engineProcessDiesUnderAWidget();
 
@@ -243,33 +244,76 @@ void TestBinding::destroyedRightAfterBinding()
     }
 }
 
+namespace {
+
+// Ends the process loudly if the interface thread is stuck in a teardown.
+class TeardownWatchdog
+{
+public:
+    TeardownWatchdog()
+        : m_thread([this] {
+            for (int i = 0; i < 200 && !m_done; ++i)
+                std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            if (!m_done)
+                qFatal("teardown deadlocked against a blocked DDS thread");
+        })
+    {
+    }
+    ~TeardownWatchdog()
+    {
+        m_done = true;
+        m_thread.join();
+    }
+
+private:
+    std::atomic<bool> m_done{false};
+    std::thread m_thread;
+};
+
+} // namespace
+
 void TestBinding::destroyedWhileADdsThreadWaitsOnTheInterfaceThread()
 {
-    // If teardown deadlocks, fail loudly instead of hanging the suite.
-    std::atomic<bool> done{false};
-    std::thread watchdog([&done] {
-        for (int i = 0; i < 200 && !done; ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        if (!done)
-            qFatal("teardown deadlocked against a blocked DDS thread");
-    });
-
-    auto* bar = new ProgressBar;
-    bar->setUpdateDelay(0);
-    bar->bindAttribute(attribute("Busy"));
-    QTest::qWait(500);
-    // The interface thread now sleeps without running events: the DDS
-    // thread's blocking emission for this sample waits on it.
-    m_engine->setValue("Busy", std::int64_t(33));
-    QThread::msleep(300);
-    delete bar;
-    done = true;
-    watchdog.join();
+    {
+        const TeardownWatchdog watchdog;
+        auto* bar = new ProgressBar;
+        bar->setUpdateDelay(0);
+        bar->bindAttribute(attribute("Busy"));
+        QTest::qWait(500);
+        // The interface thread now sleeps without running events: the DDS
+        // thread's blocking emission for this sample waits on it.
+        m_engine->setValue("Busy", std::int64_t(33));
+        QThread::msleep(300);
+        delete bar;
+    }
 
     // The engine and DDS still work for the next widget.
     ProgressBar next;
     next.bindAttribute(attribute("Busy"));
     QCOMPARE(barOf(&next)->value(), 330);
+}
+
+void TestBinding::destroyedWhileAnotherWidgetsSampleWaits()
+{
+    // The sample for the bar waits on the interface thread while Fast DDS
+    // holds the writer's lock; taking the probe's reader off the same
+    // writer needs that lock.
+    ProgressBar bar;
+    bar.setUpdateDelay(0);
+    bar.bindAttribute(attribute("Busy"));
+    auto* probe = new Probe;
+    probe->setUpdateDelay(0);
+    probe->follow<int>(SimAttribute::valueTopicOf("Busy"), [](const char*, int) {});
+    QTest::qWait(500);
+    {
+        const TeardownWatchdog watchdog;
+        for (long long value = 40; value < 43; ++value) {
+            m_engine->setValue("Busy", std::int64_t(value));
+            QThread::msleep(100);
+        }
+        delete probe;
+    }
+    QTRY_COMPARE(barOf(&bar)->value(), 420);
 }
 
 void TestBinding::lostEngineLinkShowsOnceAndStays()

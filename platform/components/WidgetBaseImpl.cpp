@@ -10,9 +10,12 @@
 #include <QCoreApplication>
 #include <QDebug>
 #include <QPushButton>
+#include <QThread>
 #include <QtConcurrent>
 
 #include <boost/bind/bind.hpp>
+
+#include <algorithm>
 
 using namespace boost::placeholders;
 
@@ -164,17 +167,30 @@ void WidgetBaseImpl::addSubscription(int tag, Brenmoor::DDS_BaseObj* subscriptio
 
 void WidgetBaseImpl::releaseSubscriptions()
 {
-    // Frees a DDS thread blocked in a blocking queued emission to this
-    // widget: no new emission reaches it, and the pending ones are dropped,
-    // which wakes their senders.
+    std::vector<Brenmoor::DDS_BaseObj*> subscriptions;
+    subscriptions.swap(m_untaggedSubscriptions);
+    for (const DDS_Subscriber_Object& object : qAsConst(m_subscriptions))
+        subscriptions.push_back(object.subscription);
+    m_subscriptions.clear();
+    for (Brenmoor::DDS_BaseObj* subscription : subscriptions)
+        subscription->retire();
+    // No new emission reaches the widget, and dropping the pending ones wakes
+    // their senders.
     disconnect(this, nullptr, this, nullptr);
     QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
-    for (const DDS_Subscriber_Object& object : qAsConst(m_subscriptions))
-        delete object.subscription;
-    m_subscriptions.clear();
-    for (Brenmoor::DDS_BaseObj* subscription : m_untaggedSubscriptions)
-        delete subscription;
-    m_untaggedSubscriptions.clear();
+    // A sample already on its way may still be blocked in an emission to
+    // one of the widget's parts; it must end before the widget goes.
+    while (std::any_of(subscriptions.begin(), subscriptions.end(),
+                       [](const Brenmoor::DDS_BaseObj* subscription) { return subscription->delivering(); })) {
+        for (QObject* part : findChildren<QObject*>())
+            QCoreApplication::removePostedEvents(part, QEvent::MetaCall);
+        QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+        QThread::msleep(1);
+    }
+    // Deleting a reader waits for Fast DDS locks that a DDS thread may hold
+    // while it waits for this thread: the readers go on the disposal thread.
+    for (Brenmoor::DDS_BaseObj* subscription : subscriptions)
+        Brenmoor::DDS_BaseObj::dispose(subscription);
 }
 
 void WidgetBaseImpl::disconnectCORBA(const QString& reason)

@@ -41,12 +41,16 @@ typedef _objref_EngineAttribBase* EngineAttribBase_ptr;
 
   Teardown: a DDS thread may be blocked in a blocking queued emission
   towards the interface thread while that thread destroys the widget. The
-  frame first cuts the widget's connections to itself and drops its pending
-  meta-call events, which frees such a thread, and only then deletes the
-  subscriptions; sends still running on workers are waited for (a call
-  times out after 1.5 s). A widget whose DDS callbacks or sends read members
-  of its own must call waitForSends() and releaseSubscriptions() first thing
-  in its destructor.
+  frame retires the subscriptions, so that no sample starts towards the
+  widget, cuts the widget's connections to itself and drops the pending
+  meta-call events of the widget and its parts, which frees such a thread,
+  and waits for a sample already on its way. The readers are deleted on the
+  disposal thread: Fast DDS may hold a lock that deleting needs while one
+  of its threads waits for the interface thread on another widget's
+  behalf. Sends still running on workers are waited for (a call times out
+  after 1.5 s). A widget whose DDS callbacks or sends read members of its
+  own must call waitForSends() and releaseSubscriptions() first thing in
+  its destructor.
 */
 class WidgetBaseImpl : public QWidget
 {

@@ -2,13 +2,102 @@
 
 #include "DDS_ParticipantHolder.h"
 
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+
 namespace Brenmoor {
+
+namespace {
+
+/*
+  One thread for the whole process deletes retired DDS entity owners, in
+  the order they were handed over. It is never destroyed, like the
+  participant it talks to.
+*/
+class DisposalThread
+{
+public:
+    static DisposalThread& instance()
+    {
+        static DisposalThread* thread = new DisposalThread;
+        return *thread;
+    }
+
+    void dispose(DDS_BaseObj* object)
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_queue.push_back(object);
+        m_wake.notify_all();
+    }
+
+    void waitUntilEmpty()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_idle.wait(lock, [this] { return m_queue.empty() && !m_deleting; });
+    }
+
+private:
+    DisposalThread()
+    {
+        std::thread([this] { run(); }).detach();
+    }
+
+    void run()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        for (;;) {
+            m_wake.wait(lock, [this] { return !m_queue.empty(); });
+            DDS_BaseObj* object = m_queue.front();
+            m_queue.pop_front();
+            m_deleting = true;
+            lock.unlock();
+            delete object;
+            lock.lock();
+            m_deleting = false;
+            m_idle.notify_all();
+        }
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::condition_variable m_idle;
+    std::deque<DDS_BaseObj*> m_queue;
+    bool m_deleting = false;
+};
+
+} // namespace
 
 DDS_BaseObj::~DDS_BaseObj() = default;
 
 DDS_ParticipantHolder* DDS_BaseObj::DdsBase()
 {
     return DDS_ParticipantHolder::instance();
+}
+
+void DDS_BaseObj::dispose(DDS_BaseObj* object)
+{
+    if (object)
+        DisposalThread::instance().dispose(object);
+}
+
+void DDS_BaseObj::waitForDisposals()
+{
+    DisposalThread::instance().waitUntilEmpty();
+}
+
+DDS_BaseObj::Delivery::Delivery(DDS_BaseObj& object)
+    : m_object(object)
+{
+    // Counted before the check, so that retire() followed by delivering()
+    // never misses a delivery that saw the object still live.
+    ++m_object.m_deliveries;
+}
+
+DDS_BaseObj::Delivery::~Delivery()
+{
+    --m_object.m_deliveries;
 }
 
 } // namespace Brenmoor

@@ -12,7 +12,6 @@
 #include <fastdds/dds/subscriber/Subscriber.hpp>
 #include <fastdds/dds/topic/Topic.hpp>
 
-#include <boost/thread/mutex.hpp>
 #include <boost/thread/thread.hpp>
 
 #include <atomic>
@@ -21,18 +20,15 @@
 
 namespace Brenmoor {
 
-namespace {
-// Lets one teardown at a time talk to the participant.
-boost::mutex SerializeSubscriberDestructionMutex;
-}
-
 /*!
   One widget's subscription to one topic of payload T.
 
   The DDS entities are set up on a short-lived thread of their own, so the
   interface thread never waits for DDS; samples arrive on a DDS thread and
   go to the callback through a throttle that enforces the update delay.
-  The destructor waits until set-up has ended, then deletes the entities.
+  Once retired, no sample reaches the callback any more. The destructor,
+  which runs on the disposal thread, waits until set-up has ended, then
+  deletes the entities.
 */
 template<class T, class F>
 class DDS_SubscriberBase : public DDS_BaseObj
@@ -97,7 +93,6 @@ DDS_SubscriberBase<T, F>::DDS_SubscriberBase(const char* topicName, Callback cal
 template<class T, class F>
 DDS_SubscriberBase<T, F>::~DDS_SubscriberBase()
 {
-    boost::mutex::scoped_lock lock(SerializeSubscriberDestructionMutex);
     waitForInitDone();
     m_listener.detach();
     m_throttle.cancel();
@@ -220,6 +215,9 @@ template<class T, class F>
 void DDS_SubscriberBase<T, F>::deliver(const T& value)
 {
     m_throttle.offer([this, value] {
+        const Delivery delivery(*this);
+        if (!delivery.allowed())
+            return;
         try {
             Payload::call(m_callback, m_topicName.c_str(), value);
         } catch (const boost::bad_function_call& error) {
