@@ -1,6 +1,7 @@
 #include "QRVUtil.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QPoint>
 #include <QVariant>
 #include <QWidget>
@@ -52,4 +53,18 @@ QPoint QRVUtil::centredOn(const QWidget* anchor, const QWidget* other)
 {
     return QPoint(anchor->x() + anchor->width() / 2 - other->width() / 2,
                   anchor->y() + anchor->height() / 2 - other->height() / 2);
+}
+
+void QRVUtil::processString(QString& text)
+{
+    text = text.trimmed();
+    text.replace(QLatin1String("\\n"), QLatin1String("\n"));
+}
+
+int QRVUtil::calculateStringWidth(const QFontMetrics& metrics, const QString& text)
+{
+    int widest = 0;
+    for (const QString& line : text.split(QLatin1Char('\n')))
+        widest = qMax(widest, metrics.horizontalAdvance(line));
+    return widest;
 }

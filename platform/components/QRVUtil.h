@@ -5,6 +5,7 @@
 
 class QWidget;
 class QPoint;
+class QFontMetrics;
 
 /*!
   Small helpers shared by the platform and the widgets: the host's start-up
@@ -37,6 +38,11 @@ public:
 
     //! Top-left corner that centres \a other on \a anchor (integer halves).
     static QPoint centredOn(const QWidget* anchor, const QWidget* other);
+
+    //! Readies a text for display, in place: trims it and turns each backslash-n pair into a line break.
+    static void processString(QString& text);
+    //! Width in pixels of the widest line of \a text.
+    static int calculateStringWidth(const QFontMetrics& metrics, const QString& text);
 };
 
 #endif // QRVUTIL_H
