@@ -134,7 +134,7 @@ SimAttribute::SimAttribute(const SimAttributeSetup& setup, SimPublisher& publish
     , m_kind(setup.kind)
     , m_state{setup.value.value_or(simPayloadZero(simKindInfo(setup.kind).payload)),
               setup.limits.value_or(wholeRange(simKindInfo(setup.kind).payload)),
-              setup.units, setup.xUnits, setup.enumEntries}
+              setup.units, setup.xUnits, setup.enumEntries, setup.meter}
     , m_setupEntries(setup.enumEntries)
     , m_simulator(setup.simulation)
 {

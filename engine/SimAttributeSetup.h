@@ -4,6 +4,7 @@
 #include "SimKind.h"
 #include "SimValue.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -29,6 +30,24 @@ struct SimEnumEntry
     std::int32_t value = 0;
     std::string label;
     bool enabled = true;
+};
+
+//! One item of a meter reading: its type (0 "Peak Positive" ... 8) and its distance from the value.
+struct SimMeterItem
+{
+    std::int32_t type = 0;
+    double offset = 0.0;
+};
+
+/*!
+  How a meter reading is made from the attribute's value: one item per
+  entry, and the seven flags as they stand. The over-limit flag (flag3)
+  also rises by itself while the value is past the upper limit.
+*/
+struct SimMeter
+{
+    std::vector<SimMeterItem> items{SimMeterItem{}};
+    std::array<bool, 7> flags{};
 };
 
 /*!
@@ -58,6 +77,7 @@ struct SimAttributeSetup
     SimUnits units;                   //!< of the value; of the y axis for a trace
     SimUnits xUnits;                  //!< of a trace's x axis
     std::vector<SimEnumEntry> enumEntries;
+    SimMeter meter;                   //!< of a meter reading
     SimSimulation simulation;
 };
 

@@ -14,6 +14,7 @@ struct SimAttributeState
     SimUnits units;
     SimUnits xUnits;
     std::vector<SimEnumEntry> enumEntries;
+    SimMeter meter;
 };
 
 #endif // SIMATTRIBUTESTATE_H

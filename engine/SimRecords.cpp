@@ -74,14 +74,23 @@ void makeRecord(const SimAttributeState& state, Brenmoor::VALUE_DOUBLE::VALUE& o
 void makeRecord(const SimAttributeState& state, Brenmoor::MeterReading::Reading& out)
 {
     const double value = std::get<double>(state.value);
-    out.readings.length(1);
-    copyUnits(state.units, out.readings[0].units);
-    out.readings[0].value = value;
-    out.readings[0].type = 0;
+    const auto& items = state.meter.items;
+    out.readings.length(static_cast<CORBA::ULong>(items.size()));
+    for (CORBA::ULong i = 0; i < out.readings.length(); ++i) {
+        copyUnits(state.units, out.readings[i].units);
+        out.readings[i].value = value + items[i].offset;
+        out.readings[i].type = items[i].type;
+    }
     out.lowerLimit = limitRecord(state, state.limits.lower);
     out.upperLimit = limitRecord(state, state.limits.upper);
-    out.flag0 = out.flag1 = out.flag2 = out.flag4 = out.flag5 = out.flag6 = false;
-    out.flag3 = value > state.limits.upper;
+    const auto& flags = state.meter.flags;
+    out.flag0 = flags[0];
+    out.flag1 = flags[1];
+    out.flag2 = flags[2];
+    out.flag3 = flags[3] || value > state.limits.upper;
+    out.flag4 = flags[4];
+    out.flag5 = flags[5];
+    out.flag6 = flags[6];
 }
 
 void makeRecord(const SimAttributeState& state, Brenmoor::BASIC_TRACE::BT_DATA& out)

@@ -102,6 +102,29 @@ std::vector<SimEnumEntry> entriesIn(const QJsonArray& json, const QString& where
     return entries;
 }
 
+// "meter": { "items": [ { "type": 0, "offset": 0 }, ... ], "flags": [ 1 ] } names the raised flags.
+SimMeter meterIn(const QJsonObject& json, const QString& where)
+{
+    SimMeter meter;
+    if (json.contains("items")) {
+        meter.items.clear();
+        for (const QJsonValue& item : json.value("items").toArray()) {
+            const QJsonObject object = item.toObject();
+            const std::int64_t type = wholeNumberIn(object.value("type"), where + "/items/type");
+            if (type < 0 || type > 8)
+                fail(where + "/items/type", QStringLiteral("a reading type from 0 to 8 is needed"));
+            meter.items.push_back({static_cast<std::int32_t>(type), object.value("offset").toDouble(0.0)});
+        }
+    }
+    for (const QJsonValue& flag : json.value("flags").toArray()) {
+        const std::int64_t index = wholeNumberIn(flag, where + "/flags");
+        if (index < 0 || index >= static_cast<std::int64_t>(meter.flags.size()))
+            fail(where + "/flags", QStringLiteral("a flag from 0 to 6 is needed"));
+        meter.flags[static_cast<std::size_t>(index)] = true;
+    }
+    return meter;
+}
+
 SimSimulation simulationIn(const QJsonObject& json, const QString& where)
 {
     static const QMap<QString, SimSimulation::Kind> kinds = {{"ramp", SimSimulation::Kind::Ramp},
@@ -138,6 +161,8 @@ SimAttributeSetup attributeIn(const QJsonObject& json)
     setup.units = unitsIn(json.value("units"), where + "/units");
     setup.xUnits = unitsIn(json.value("x_units"), where + "/x_units");
     setup.enumEntries = entriesIn(json.value("enum").toArray(), where);
+    if (json.contains("meter"))
+        setup.meter = meterIn(json.value("meter").toObject(), where + "/meter");
     if (json.contains("simulation"))
         setup.simulation = simulationIn(json.value("simulation").toObject(), where + "/simulation");
     if (setup.value && !simPayloadAccepts(simKindInfo(*kind).payload, *setup.value))

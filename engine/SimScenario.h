@@ -25,6 +25,10 @@ class SimEngine;
   string as the kind wants, an array of numbers for a basic trace and of
   [i, q] pairs for a complex one; a trace's x axis runs over its limits in
   "x_units". Units are unit descriptions, as a form's unit list has them.
+  A meter reading may say what it is made of:
+    "meter": { "items": [ { "type": 0 }, { "type": 4, "offset": -3 } ], "flags": [ 1 ] }
+  each item a reading type (0 "Peak Positive" ... 8) at that distance from
+  the value, and the flags (0 to 6) that stay raised.
   Everything but name and kind may be left out.
 */
 class SimScenario

@@ -216,6 +216,8 @@ void TestSimEngine::initTestCase()
     m_engine->addAttribute(setup("Marker", SimKind::ReadingLong, std::int64_t{0}));
     SimAttributeSetup meter = setup("Meter", SimKind::ReadingMeterReading, 12.0, SimLimits{-20, 10, 1});
     meter.units = {"0,-3,0", "V;;;;"};
+    meter.meter.items = {{0, 0.0}, {4, -2.5}};
+    meter.meter.flags[1] = true;
     m_engine->addAttribute(meter);
     m_engine->addAttribute(setup("Trace", SimKind::BasicTrace, std::vector<float>{1, 2, 3}, SimLimits{0, 100, 1}));
     SimAttributeSetup ramp = setup("Ramp", SimKind::ReadingLong, std::int64_t{0});
@@ -302,11 +304,14 @@ void TestSimEngine::recordsCarryUnitsAndLimits()
 
     auto meter = narrowed<Brenmoor::EngineReadingMeterReading>(m_directory, "Meter");
     Brenmoor::MeterReading::ReadingList_var reading = meter->value();
-    QCOMPARE(reading->readings.length(), CORBA::ULong(1));
+    QCOMPARE(reading->readings.length(), CORBA::ULong(2));
     QCOMPARE(reading->readings[0].value, 12.0);
-    QCOMPARE(QString(reading->readings[0].units.scale.in()), QStringLiteral("0,-3,0"));
+    QCOMPARE(reading->readings[1].value, 9.5);
+    QCOMPARE(reading->readings[1].type, 4);
+    QCOMPARE(QString(reading->readings[1].units.scale.in()), QStringLiteral("0,-3,0"));
     QCOMPARE(reading->upperLimit.currentValue, 10.0);
     QVERIFY2(reading->flag3, "a reading above the upper limit is flagged over limit");
+    QVERIFY(reading->flag1 && !reading->flag0);
 
     auto trace = narrowed<Brenmoor::EngineBasicTrace>(m_directory, "Trace");
     Brenmoor::BASIC_TRACE::BT_DATA_var data = trace->value();
@@ -540,6 +545,12 @@ void TestSimEngine::scenarioRejectsBadInput_data()
     QTest::newRow("malformed unit")
         << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineAttribDouble","units":"0,7,0:Hz;;;;"}]})")
         << "exponent";
+    QTest::newRow("meter flag out of range")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingMeterReading","meter":{"flags":[7]}}]})")
+        << "flag";
+    QTest::newRow("unknown reading type")
+        << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingMeterReading","meter":{"items":[{"type":9}]}}]})")
+        << "reading type";
 }
 
 void TestSimEngine::scenarioRejectsBadInput()
