@@ -275,7 +275,7 @@ void TestCollection::createWidgetMakesTheNamedClass()
         // Designer shows the raster tile; an SVG icon would be the Qt logo.
         QVERIFY(!entry->icon().availableSizes().isEmpty());
     }
-    QCOMPARE(MeterBarPlugin().createWidget(&parent), nullptr);
+    QCOMPARE(FlagStatusPlugin().createWidget(&parent), nullptr);
 }
 
 void TestCollection::verificationDataStatesThisQt()

@@ -4,6 +4,7 @@
 #include "ConfirmationPushButton.h"
 #include "ConfirmationToggleButtonImpl.h"
 #include "ContainerImpl.h"
+#include "MeterBarImpl.h"
 #include "NumericEntryImpl.h"
 #include "ProgressBar.h"
 #include "TableEnum.h"

@@ -61,7 +61,7 @@ RV_COLLECTION_ROW(KelvaneGui, HorizontalSliderPlugin,
 RV_COLLECTION_ROW(TopLevel, MeterBarPlugin,
     "MeterBarImpl", "Ruvell", "MeterBarImpl.h", false,
     "MeterBar", "Meter that can be customized",
-    A, "MeterBar", Listed, RV_NOT_IN_TREE)
+    A, "MeterBar", Listed, RV_MADE_BY(MeterBarImpl))
 
 // Made as NumericEntryImpl(parent, empty string, null list pointer).
 RV_COLLECTION_ROW(TopLevel, NumericEntryPlugin,

@@ -2,6 +2,7 @@
 
 #include "ComboBoxImpl.h"
 #include "GlobalImpl.h"
+#include "MeterReadings.h"
 #include "NumericEntryStyle.h"
 #include "NumpadEntryImpl.h"
 #include "QRVUtil.h"
@@ -825,8 +826,7 @@ void NumericEntryImpl::bindMeter()
     if (list->readings.length() == 0) {
         qDebug() << "UserInterface - >>>>> Error meter reading structure empty for Numeric " << getAttributeName();
     } else {
-        for (CORBA::ULong i = 0; i < list->readings.length(); ++i)
-            m_readingNames << translateReadingType(list->readings[i].type);
+        m_readingNames << MeterReadings::names(list.in());
         m_value = list->readings[0].value;
         initializeValueUnits(ValueHelper::convertToUnits(list->readings[0].units));
         m_readingHasNoValue = list->flag0;
@@ -862,14 +862,8 @@ void NumericEntryImpl::subscribeValue(const QString& interface)
 
 void NumericEntryImpl::registerReadingSelector(QWidget* combobox)
 {
-    auto* selector = qobject_cast<ComboBoxImpl*>(combobox);
-    if (!selector)
-        return;
-    QList<ComboBoxListStruct> list;
-    for (int i = 0; i < m_readingNames.size(); ++i)
-        list << ComboBoxListStruct(i, m_readingNames.at(i), true);
-    selector->setList(list, 0);
-    connect(selector, &ComboBoxImpl::updateEnum, this, &NumericEntryImpl::setReadingIndex);
+    if (ComboBoxImpl* selector = MeterReadings::offerTo(combobox, m_readingNames))
+        connect(selector, &ComboBoxImpl::updateEnum, this, &NumericEntryImpl::setReadingIndex);
 }
 
 void NumericEntryImpl::setReadingIndex(long index)
@@ -879,10 +873,7 @@ void NumericEntryImpl::setReadingIndex(long index)
 
 QString NumericEntryImpl::translateReadingType(long type)
 {
-    static const char* const labels[] = {"Peak Positive",  "Peak Negative",   "Live Positive",
-                                         "Live Negative",  "RMS",             "Crest Positive",
-                                         "Crest Negative", "Average Positive", "Average Negative"};
-    return type >= 0 && type < 9 ? QString::fromLatin1(labels[type]) : QString();
+    return MeterReadings::translateReadingType(type);
 }
 
 // ---- samples, on a DDS thread ---------------------------------------------

@@ -1,0 +1,402 @@
+// MeterBarImpl bound to the simulated engine: limit labels in the unit
+// that fits, the reading and unit chosen through registered selectors, the
+// state colours the flags give, the sizes, and teardown while samples flow.
+#include "BoundedExit.h"
+#include "ComboBoxImpl.h"
+#include "GlobalImpl.h"
+#include "MeterBarImpl.h"
+#include "MeterBar_Bar.h"
+#include "NumericEntryImpl.h"
+#include "QRVStatusBar.h"
+#include "SimEngine.h"
+#include "TestSupport.h"
+
+#include <Brenmoor.hh>
+
+#include <QFrame>
+#include <QLabel>
+#include <QtTest>
+
+#include <atomic>
+#include <cmath>
+#include <limits>
+#include <thread>
+
+namespace {
+
+const SimUnits dBm{"10,0,-3", "W;;;;"};
+const SimUnits volt{"0,0,0", "V;;;;"};
+const SimUnits unitless{"0,0,0", "1;;;;"};
+
+SimAttributeSetup meterAttribute(const char* name, double value, SimLimits limits, SimUnits units,
+                                 SimMeter meter = {})
+{
+    SimAttributeSetup setup;
+    setup.name = name;
+    setup.kind = SimKind::ReadingMeterReading;
+    setup.value = value;
+    setup.limits = limits;
+    setup.units = std::move(units);
+    setup.meter = std::move(meter);
+    return setup;
+}
+
+SimMeter raised(std::initializer_list<int> flags)
+{
+    SimMeter meter;
+    for (int flag : flags)
+        meter.flags[static_cast<std::size_t>(flag)] = true;
+    return meter;
+}
+
+// The labels as the operator reads them (trimmed for display): upper first.
+QStringList limitLabels(const MeterBarImpl& meter)
+{
+    QStringList texts;
+    for (const QLabel* label : meter.findChildren<QLabel*>(QStringLiteral("MetBar_Scale")))
+        if (label->metaObject()->className() == QByteArray("MeterBar_Scale"))
+            texts << label->text();
+    return texts;
+}
+
+enum class Hue { None, Green, Red, Blue, Yellow, Grey };
+
+Hue hueOf(QRgb pixel)
+{
+    const int r = qRed(pixel), g = qGreen(pixel), b = qBlue(pixel);
+    if (qAlpha(pixel) < 128)
+        return Hue::None;
+    if (g > r + 40 && g > b + 40)
+        return Hue::Green;
+    if (r > g + 60 && r > b + 60)
+        return Hue::Red;
+    if (b > r + 40 && b > g + 20)
+        return Hue::Blue;
+    if (r > b + 60 && g > b + 60)
+        return Hue::Yellow;
+    if (std::abs(r - g) < 30 && std::abs(g - b) < 30 && r > 60)
+        return Hue::Grey;
+    return Hue::None;
+}
+
+// The bar as painted, on nothing: what it leaves empty stays transparent.
+QImage pictureOf(MeterBar_Bar* bar)
+{
+    QImage image(bar->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    bar->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+// The colour the bar fills with, read off the picture: the commonest hue.
+Hue barHue(MeterBar_Bar* bar)
+{
+    const QImage image = pictureOf(bar);
+    QMap<Hue, int> counts;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[hueOf(image.pixel(x, y))];
+    counts.remove(Hue::None);
+    Hue best = Hue::None;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
+        if (best == Hue::None || it.value() > counts.value(best))
+            best = it.key();
+    return best;
+}
+
+// How much of an upright bar is filled, from the bottom, along its middle.
+double filledFraction(MeterBar_Bar* bar)
+{
+    const QImage image = pictureOf(bar);
+    int filled = 0;
+    for (int y = 0; y < image.height(); ++y)
+        filled += hueOf(image.pixel(image.width() / 2, y)) != Hue::None;
+    return image.height() > 0 ? double(filled) / image.height() : 0.0;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Hue)
+
+class TestMeter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+    void limitsInTheUnitThatFits();
+    void readingAndUnitFromSelectors();
+    void stateFromFlags_data();
+    void stateFromFlags();
+    void nanReadingChangesNothing();
+    void precisionOfSmallLimits();
+    void sizes();
+    void wrongAttributesLeaveItUnbound();
+    void destroyedWhileSamplesFlow();
+    void looks();
+
+private:
+    MeterBarImpl* boundMeter(const char* name, int delay = 0);
+    //! Says the value again until \a seen holds: a writer may learn of a new reader late.
+    template<class Seen>
+    bool engineSays(const char* name, double value, Seen seen)
+    {
+        for (int i = 0; i < 20; ++i) {
+            m_engine->setValue(name, value);
+            if (QTest::qWaitFor(seen, 250))
+                return true;
+        }
+        return false;
+    }
+
+    std::unique_ptr<SimEngine> m_engine;
+    QWidget* m_screen = nullptr;
+};
+
+void TestMeter::initTestCase()
+{
+    m_screen = new QWidget;
+    m_screen->resize(800, 480);
+    m_screen->setObjectName(QStringLiteral("screen"));
+    m_screen->setStyleSheet(QStringLiteral("QWidget#screen { background-color: #101418; }"));
+    m_screen->show();
+    GlobalImpl::getInstance()->setStatusBar(new QRVStatusBar);
+
+    m_engine = std::make_unique<SimEngine>();
+    SimMeter levels;
+    levels.items = {{0, 0.0}, {2, -6.0}, {4, -40.0}};
+    m_engine->addAttribute(meterAttribute("Level", -10.0, {-80, 0, 1}, dBm, levels));
+    m_engine->addAttribute(meterAttribute("Voltage", 0.0012, {0, 0.002, 1}, volt));
+    m_engine->addAttribute(meterAttribute("Ratio", 0.01, {0, 0.05, 1}, unitless));
+    m_engine->addAttribute(meterAttribute("Normal", 50.0, {0, 100, 1}, unitless));
+    m_engine->addAttribute(meterAttribute("Over", 150.0, {0, 100, 1}, unitless));
+    m_engine->addAttribute(meterAttribute("OverAndEmpty", 150.0, {0, 100, 1}, unitless, raised({0})));
+    m_engine->addAttribute(meterAttribute("Empty", 50.0, {0, 100, 1}, unitless, raised({0})));
+    m_engine->addAttribute(meterAttribute("Warning", 50.0, {0, 100, 1}, unitless, raised({2})));
+    m_engine->addAttribute(meterAttribute("Floor", 50.0, {0, 100, 1}, unitless, raised({6})));
+    m_engine->addAttribute(meterAttribute("DoubtfulFloor", 50.0, {0, 100, 1}, unitless, raised({1, 6})));
+    m_engine->addAttribute(meterAttribute("Settled", 50.0, {0, 100, 1}, unitless, raised({4})));
+    SimAttributeSetup plain;
+    plain.name = "Plain";
+    plain.kind = SimKind::ReadingDouble;
+    plain.value = 1.0;
+    m_engine->addAttribute(plain);
+    m_engine->addAttribute(meterAttribute("NoReadings", 1.0, {0, 10, 1}, unitless, SimMeter{{}, {}}));
+}
+
+void TestMeter::cleanup()
+{
+    qDeleteAll(m_screen->findChildren<MeterBarImpl*>(QString(), Qt::FindDirectChildrenOnly));
+    qApp->setProperty("-size", QVariant());
+}
+
+MeterBarImpl* TestMeter::boundMeter(const char* name, int delay)
+{
+    auto* meter = new MeterBarImpl(m_screen);
+    meter->setGeometry(20, 20, 200, 300);
+    meter->setAttributeName(QString::fromLatin1(name));
+    meter->setUpdateDelay(delay);
+    meter->show();
+    meter->bindAttribute(m_engine->attribute(name));
+    return meter;
+}
+
+void TestMeter::limitsInTheUnitThatFits()
+{
+    // 0 to 0.002 V reads best in mV; binding writes one decimal.
+    MeterBarImpl* meter = boundMeter("Voltage");
+    QCOMPARE(limitLabels(*meter), QStringList({"2.0 mV", "0.0 mV"}));
+    QVERIFY(std::abs(filledFraction(meter->barWidget()) - 0.6) < 0.03);
+
+    QVERIFY(engineSays("Voltage", 0.0005, [meter] { return std::abs(filledFraction(meter->barWidget()) - 0.25) < 0.02; }));
+    QCOMPARE(limitLabels(*meter), QStringList({"2.0 mV", "0.0 mV"}));
+    QCOMPARE(barHue(meter->barWidget()), Hue::Green);
+}
+
+void TestMeter::readingAndUnitFromSelectors()
+{
+    MeterBarImpl* meter = boundMeter("Level");
+    ComboBoxImpl readings(false, m_screen);
+    meter->registerReadingSelector(&readings);
+    QCOMPARE(readings.getText(), QStringLiteral("Peak Positive"));
+    QLabel notASelector;
+    meter->registerReadingSelector(&notASelector);
+
+    // Peak -10 dBm of -80..0 fills seven eighths; RMS is 40 dB lower.
+    QVERIFY(engineSays("Level", -10.0, [meter] { return filledFraction(meter->barWidget()) > 0.8; }));
+    readings.setEnum(2);
+    emit readings.updateEnum(2);
+    QVERIFY(engineSays("Level", -10.0, [meter] { return std::abs(filledFraction(meter->barWidget()) - 0.375) < 0.03; }));
+    QCOMPARE(limitLabels(*meter), QStringList({"0.0 dBm", "-80.0 dBm"}));
+
+    // A registered field forces its unit: from the level to milliwatts and back.
+    NumericEntryImpl units(m_screen, QStringLiteral("Unit"));
+    units.setUnitListString(QStringLiteral("10,0,-3:W;;;;|0,-3,0:W;;;;"));
+    meter->registerUnitSelector(&units);
+    units.setIndex(1L);
+    QVERIFY(engineSays("Level", -10.0, [meter] { return limitLabels(*meter).value(0) == QLatin1String("1.0 mW"); }));
+    QCOMPARE(limitLabels(*meter).value(1), QStringLiteral("0.00000001 mW"));
+    units.setIndex(0L);
+    QVERIFY(engineSays("Level", -10.0, [meter] { return limitLabels(*meter).value(0) == QLatin1String("0.0 dBm"); }));
+
+    // A unit of another base unit is refused sample by sample; the meter keeps its picture.
+    NumericEntryImpl hertz(m_screen, QStringLiteral("Hz"));
+    hertz.setUnitListString(QStringLiteral("0,0,0:Hz;;;;"));
+    meter->registerUnitSelector(&hertz);
+    meter->setCurrentUnit(2);
+    m_engine->setValue("Level", -70.0);
+    QTest::qWait(300);
+    QCOMPARE(limitLabels(*meter).value(0), QStringLiteral("0.0 dBm"));
+}
+
+void TestMeter::stateFromFlags_data()
+{
+    QTest::addColumn<QString>("attribute");
+    QTest::addColumn<Hue>("hue");
+    QTest::newRow("no flag") << "Normal" << Hue::Green;
+    QTest::newRow("over limit") << "Over" << Hue::Red;
+    QTest::newRow("over limit beats no value") << "OverAndEmpty" << Hue::Red;
+    QTest::newRow("no value") << "Empty" << Hue::Grey;
+    QTest::newRow("warning") << "Warning" << Hue::Yellow;
+    QTest::newRow("floor") << "Floor" << Hue::Blue;
+    QTest::newRow("doubtful beats floor") << "DoubtfulFloor" << Hue::Grey;
+    QTest::newRow("other engine state") << "Settled" << Hue::Grey;
+}
+
+void TestMeter::stateFromFlags()
+{
+    QFETCH(QString, attribute);
+    QFETCH(Hue, hue);
+    const std::string name = attribute.toStdString();
+    MeterBarImpl* meter = boundMeter(name.c_str());
+    const double value = std::get<double>(m_engine->value(name));
+    QVERIFY(engineSays(name.c_str(), value, [meter, hue] { return barHue(meter->barWidget()) == hue; }));
+    TestSupport::savePng(meter, QStringLiteral("meter_state_") + attribute);
+}
+
+void TestMeter::nanReadingChangesNothing()
+{
+    MeterBarImpl* meter = boundMeter("Normal");
+    QVERIFY(engineSays("Normal", 25.0, [meter] { return std::abs(filledFraction(meter->barWidget()) - 0.25) < 0.02; }));
+    const QImage before = pictureOf(meter->barWidget());
+    m_engine->setValue("Normal", std::numeric_limits<double>::quiet_NaN());
+    QTest::qWait(300);
+    QCOMPARE(pictureOf(meter->barWidget()), before);
+}
+
+void TestMeter::precisionOfSmallLimits()
+{
+    // A unitless reading keeps its unit; 0.05 needs two decimals once samples flow.
+    MeterBarImpl* meter = boundMeter("Ratio");
+    QCOMPARE(limitLabels(*meter), QStringList({"0.1", "0.0"}));
+    QVERIFY(engineSays("Ratio", 0.02, [meter] { return limitLabels(*meter).value(0) == QLatin1String("0.05"); }));
+    QCOMPARE(limitLabels(*meter).value(1), QStringLiteral("0.0"));
+}
+
+void TestMeter::sizes()
+{
+    MeterBarImpl meter(m_screen);
+    meter.show();
+    auto* frame = meter.findChild<QFrame*>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(frame);
+    meter.changeSize(QStringLiteral("Max"));
+    QCOMPARE(frame->maximumWidth(), 170);
+    QVERIFY(!meter.horizontal());
+
+    qApp->setProperty("-size", QStringLiteral("small_portrait"));
+    meter.changeSize(QStringLiteral("Max"));
+    QCOMPARE(frame->maximumWidth(), 85);
+
+    meter.changeSize(QStringLiteral("Thumb"));
+    QVERIFY(meter.horizontal());
+    QCOMPARE(frame->maximumHeight(), 30);
+    QCOMPARE(frame->minimumHeight(), 30);
+    for (const QLabel* label : meter.findChildren<QLabel*>(QStringLiteral("MetBar_Scale")))
+        QVERIFY(!label->isVisible());
+    QVERIFY(meter.findChild<QFrame*>(QStringLiteral("leftCap")));
+
+    meter.changeSize(QStringLiteral("Min"));
+    QVERIFY(!meter.horizontal());
+    QCOMPARE(frame->maximumWidth(), 85);
+    QVERIFY(meter.findChild<QFrame*>(QStringLiteral("topCap")));
+}
+
+void TestMeter::wrongAttributesLeaveItUnbound()
+{
+    MeterBarImpl* plain = boundMeter("Plain");
+    QCOMPARE(limitLabels(*plain), QStringList({"2000 MHz", "10 KHz"}));
+
+    auto* empty = new MeterBarImpl(m_screen);
+    QVERIFY_EXCEPTION_THROWN(empty->bindAttribute(m_engine->attribute("NoReadings")), CORBA::BAD_PARAM);
+
+    auto* pastTheEnd = new MeterBarImpl(m_screen);
+    pastTheEnd->setReadingIndex(3);
+    QVERIFY_EXCEPTION_THROWN(pastTheEnd->bindAttribute(m_engine->attribute("Level")), CORBA::BAD_PARAM);
+
+    // A selector that offers more readings than a sample has costs that sample only.
+    MeterBarImpl* meter = boundMeter("Normal");
+    meter->setReadingIndex(5);
+    m_engine->setValue("Normal", 80.0);
+    QTest::qWait(300);
+    meter->setReadingIndex(0);
+    QVERIFY(engineSays("Normal", 80.0, [meter] { return filledFraction(meter->barWidget()) > 0.75; }));
+}
+
+void TestMeter::destroyedWhileSamplesFlow()
+{
+    // Each sample draws on the DDS thread and waits for this thread to take
+    // the repaint; meters go while that happens.
+    std::atomic<bool> running{true};
+    std::thread feeder([this, &running] {
+        for (double value = 0; running; value = std::fmod(value + 7.0, 100.0)) {
+            m_engine->setValue("Normal", value);
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    });
+    for (int i = 0; i < 10; ++i) {
+        MeterBarImpl* meter = boundMeter("Normal");
+        QTest::qWait(50 + 20 * i);
+        QThread::msleep(20);
+        delete meter;
+    }
+    running = false;
+    feeder.join();
+}
+
+void TestMeter::looks()
+{
+    // Every state upright and lying down, as the operator sees them.
+    const char* const names[] = {"Normal", "Over", "Empty", "Warning", "Floor", "Voltage"};
+    QWidget panel(m_screen);
+    panel.setGeometry(0, 0, 1030, 400);
+    panel.setObjectName(QStringLiteral("panel"));
+    panel.setStyleSheet(QStringLiteral("QWidget#panel { background-color: #101418; }"));
+    panel.show();
+    QList<MeterBarImpl*> meters;
+    int column = 0;
+    for (const char* name : names) {
+        auto* upright = new MeterBarImpl(&panel);
+        upright->setGeometry(10 + column * 170, 10, 165, 300);
+        auto* lying = new MeterBarImpl(&panel);
+        lying->changeSize(QStringLiteral("Thumb"));
+        lying->setGeometry(10 + column * 170, 340, 150, 40);
+        for (MeterBarImpl* meter : {upright, lying}) {
+            meter->setUpdateDelay(0);
+            meter->show();
+            meter->bindAttribute(m_engine->attribute(name));
+            meters << meter;
+        }
+        ++column;
+    }
+    QTest::qWait(500);
+    for (const char* name : names)
+        m_engine->setValue(name, std::get<double>(m_engine->value(name)));
+    QTest::qWait(500);
+    const QImage image = TestSupport::savePng(&panel, QStringLiteral("meter_states"));
+    QVERIFY(!image.isNull());
+    qDeleteAll(meters);
+}
+
+RV_TEST_MAIN_BOUNDED_EXIT(TestMeter, QApplication)
+#include "tst_meter.moc"
