@@ -37,6 +37,28 @@ void bindMore(WidgetBaseImpl* widget, Brenmoor::AttributeDirectory_ptr directory
     }
 }
 
+// A form states what the instrument's screen code would do by hand: the
+// size word of a widget ("sizeWord"), and the selectors that drive a meter
+// ("readingSelector", "unitSelector", each the object name of a widget on
+// the same screen). Selectors are registered once the meter is bound.
+void applySizeWord(QWidget* widget)
+{
+    const QString size = widget->property("sizeWord").toString();
+    if (!size.isEmpty())
+        QMetaObject::invokeMethod(widget, "changeSize", Q_ARG(QString, size));
+}
+
+void registerSelectors(QWidget* screen, QWidget* widget)
+{
+    static const char* const kinds[][2] = {{"readingSelector", "registerReadingSelector"},
+                                           {"unitSelector", "registerUnitSelector"}};
+    for (const auto& kind : kinds) {
+        const QString name = widget->property(kind[0]).toString();
+        if (QWidget* selector = name.isEmpty() ? nullptr : screen->findChild<QWidget*>(name))
+            QMetaObject::invokeMethod(widget, kind[1], Q_ARG(QWidget*, selector));
+    }
+}
+
 } // namespace
 
 int bindScreenToEngine(QWidget* screen, Brenmoor::AttributeDirectory_ptr directory, QStringList& problems)
@@ -46,9 +68,11 @@ int bindScreenToEngine(QWidget* screen, Brenmoor::AttributeDirectory_ptr directo
         const QString name = widget->getAttributeName();
         if (name.isEmpty() || name == QLatin1String("AttributeName"))
             continue;
+        applySizeWord(widget);
         if (bindOne(widget, name, directory, problems)) {
             ++bound;
             bindMore(widget, directory, problems);
+            registerSelectors(screen, widget);
         }
     }
     return bound;
