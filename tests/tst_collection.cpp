@@ -45,7 +45,7 @@ namespace {
 
 const QStringList registeredNames{
     QStringLiteral("ComboBoxImpl"), QStringLiteral("ConfirmationPushButtonImpl"), QStringLiteral("ConfirmationToggleButtonImpl"),
-    QStringLiteral("ContainerImpl"),              QStringLiteral("NumericEntryImpl"), QStringLiteral("ProgressBar"),
+    QStringLiteral("ContainerImpl"), QStringLiteral("MeterBarImpl"), QStringLiteral("NumericEntryImpl"), QStringLiteral("ProgressBar"),
     QStringLiteral("Kelvane::gui::TableEnum"), QStringLiteral("Kelvane::gui::TableEnumMulti"),
     QStringLiteral("Kelvane::gui::TableImpl"), QStringLiteral("Kelvane::gui::TableViewImpl"),
     QStringLiteral("ToggleButtonImpl"),
