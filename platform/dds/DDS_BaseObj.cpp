@@ -53,6 +53,8 @@ private:
             m_queue.pop_front();
             m_deleting = true;
             lock.unlock();
+            // The set-up thread may still be using the object as a whole.
+            object->waitForInitDone();
             delete object;
             lock.lock();
             m_deleting = false;
@@ -70,6 +72,8 @@ private:
 } // namespace
 
 DDS_BaseObj::~DDS_BaseObj() = default;
+
+void DDS_BaseObj::waitForInitDone() const {}
 
 DDS_ParticipantHolder* DDS_BaseObj::DdsBase()
 {

@@ -34,6 +34,8 @@ public:
     void retire() { m_retired = true; }
     //! True while a delivery to the owner runs.
     bool delivering() const { return m_deliveries.load() > 0; }
+    //! Returns once the entities of the object exist or have failed to; at once by default.
+    virtual void waitForInitDone() const;
     //! Deletes \a object on the process's teardown thread; it must be retired.
     static void dispose(DDS_BaseObj* object);
     //! Waits until every object handed to dispose() is deleted.

@@ -42,7 +42,7 @@ public:
 
     virtual void FinishedInitSubBase();
     //! Waits, in 1 ms steps, until the set-up thread has ended.
-    void waitForInitDone() const;
+    void waitForInitDone() const override;
     //! True once the set-up thread has ended, whether it succeeded or not.
     bool initEnded() const { return m_initEnded; }
     //! True when the reader exists and samples flow.
