@@ -1,6 +1,7 @@
 // What a long selector costs the interface thread: a touch that opens a
 // list of 500 choices until the strip is painted, and one step of a finger
 // dragging it. Prints p50 and p99 in microseconds.
+#include "BenchInput.h"
 #include "BenchReport.h"
 #include "ComboBoxImpl.h"
 #include "ComboBoxItemImpl.h"
@@ -10,16 +11,6 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-
-namespace {
-
-void send(QWidget* widget, QEvent::Type type, const QPoint& pos, Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, pos, widget->mapToGlobal(pos), Qt::LeftButton, buttons, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -40,18 +31,18 @@ int main(int argc, char* argv[])
     QApplication::processEvents();
 
     benchReport("open 500 until painted", 200, [&] {
-        send(&combo, QEvent::MouseButtonRelease, QPoint(20, 50), Qt::NoButton);
+        benchMouse(&combo, QEvent::MouseButtonRelease, QPoint(20, 50), Qt::NoButton);
         QApplication::processEvents();
         combo.closeInput();
     });
 
-    send(&combo, QEvent::MouseButtonRelease, QPoint(20, 50), Qt::NoButton);
+    benchMouse(&combo, QEvent::MouseButtonRelease, QPoint(20, 50), Qt::NoButton);
     QApplication::processEvents();
     QWidget* item = combo.listWidget()->findChildren<ComboBoxItemImpl*>().at(250);
     const QPoint start = item->rect().center();
     // The finger's place on the glass; the item moves under it.
     const QPoint globalStart = item->mapToGlobal(start);
-    send(item, QEvent::MouseButtonPress, start, Qt::LeftButton);
+    benchMouse(item, QEvent::MouseButtonPress, start, Qt::LeftButton);
     int step = 0;
     // Up and down over most of the strip, one finger position per step.
     benchReport("drag step, painted", 2000, [&] {

@@ -2,6 +2,7 @@
 // the keypad is painted, and from the unit key that ends an entry until the
 // engine's set() has the value (in-process engine, real CORBA call from a
 // worker). Prints p50 and p99 in microseconds.
+#include "BenchInput.h"
 #include "BenchReport.h"
 #include "GlobalImpl.h"
 #include "NumericEntryImpl.h"
@@ -11,17 +12,13 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 
 namespace {
 
 void touch(NumericEntryImpl& field)
 {
-    const QPoint pos = field.findChild<QLineEdit*>()->geometry().center();
-    QMouseEvent release(QEvent::MouseButtonRelease, pos, field.mapToGlobal(pos), Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
-    QApplication::sendEvent(&field, &release);
+    benchMouse(&field, QEvent::MouseButtonRelease, field.findChild<QLineEdit*>()->geometry().center(), Qt::NoButton);
 }
 
 } // namespace
