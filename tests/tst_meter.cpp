@@ -114,6 +114,30 @@ double filledFraction(MeterBar_Bar* bar)
     return image.height() > 0 ? double(filled) / image.height() : 0.0;
 }
 
+// Changes an attribute about once a millisecond from a thread of its own while it lives.
+class Feeder
+{
+public:
+    Feeder(SimEngine& engine, const char* name)
+        : m_thread([this, &engine, name] {
+            for (double value = 0; m_running; value = std::fmod(value + 7.0, 100.0)) {
+                engine.setValue(name, value);
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            }
+        })
+    {
+    }
+    ~Feeder()
+    {
+        m_running = false;
+        m_thread.join();
+    }
+
+private:
+    std::atomic<bool> m_running{true};
+    std::thread m_thread;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Hue)
@@ -134,6 +158,7 @@ private slots:
     void sizes();
     void wrongAttributesLeaveItUnbound();
     void destroyedWhileSamplesFlow();
+    void laidDownWhileSamplesFlow();
     void looks();
 
 private:
@@ -347,21 +372,25 @@ void TestMeter::destroyedWhileSamplesFlow()
 {
     // Each sample draws on the DDS thread and waits for this thread to take
     // the repaint; meters go while that happens.
-    std::atomic<bool> running{true};
-    std::thread feeder([this, &running] {
-        for (double value = 0; running; value = std::fmod(value + 7.0, 100.0)) {
-            m_engine->setValue("Normal", value);
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        }
-    });
+    const Feeder feeder(*m_engine, "Normal");
     for (int i = 0; i < 10; ++i) {
         MeterBarImpl* meter = boundMeter("Normal");
         QTest::qWait(50 + 20 * i);
         QThread::msleep(20);
         delete meter;
     }
-    running = false;
-    feeder.join();
+}
+
+void TestMeter::laidDownWhileSamplesFlow()
+{
+    MeterBarImpl* meter = boundMeter("Normal");
+    const Feeder feeder(*m_engine, "Normal");
+    for (int i = 0; i < 20; ++i) {
+        meter->changeSize(i % 2 ? QStringLiteral("Thumb") : QStringLiteral("Min"));
+        QTest::qWait(10);
+    }
+    QVERIFY(meter->horizontal());
+    QTRY_VERIFY(barHue(meter->barWidget()) == Hue::Green);
 }
 
 void TestMeter::looks()

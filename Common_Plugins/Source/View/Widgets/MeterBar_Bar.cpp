@@ -255,6 +255,8 @@ bool MeterBar_Bar::horizontal() const
 
 void MeterBar_Bar::setHorizontal(bool horizontal)
 {
+    // A size change may lay the meter down while samples are being drawn.
+    QMutexLocker lock(&m_imageMutex);
     m_barHorizontal = horizontal;
     const int thickness = static_cast<int>(m_barThickness);
     const int span = windowSpan(m_upperLimit - m_lowerLimit);
@@ -266,6 +268,7 @@ void MeterBar_Bar::setHorizontal(bool horizontal)
         m_readingRect = QRectF(0, m_upperLimit - m_reading, m_barThickness, m_reading);
     }
     m_barImage = drawBar(false);
+    lock.unlock();
     update();
 }
 

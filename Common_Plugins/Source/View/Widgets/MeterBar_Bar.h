@@ -32,7 +32,7 @@ public:
     explicit MeterBar_Bar(QWidget* parent = nullptr);
 
     virtual bool horizontal() const;
-    //! Called in the GUI thread while the meter is set up, before readings flow.
+    //! In the GUI thread; safe while readings are drawn in another.
     virtual void setHorizontal(bool horizontal);
 
 signals:
