@@ -11,7 +11,7 @@
 
 namespace {
 
-struct KeySpec
+struct KeyDefinition
 {
     const char* key;
     const char* label;
@@ -24,7 +24,7 @@ struct KeySpec
 const char* const press = SLOT(buttonPress());
 
 // Every key exists whatever the mode; Initialize() lays out those the mode shows.
-const KeySpec keySpecs[] = {
+const KeyDefinition keyDefinitions[] = {
     {"0", "0", "kbBtnBottom", press, false, false},
     {"1", "1", "kbBtnLeft", press, false, false},
     {"2", "2", "kbBtn", press, false, false},
@@ -205,10 +205,10 @@ void NumpadEntryImpl::setValue(const QString& text)
 void NumpadEntryImpl::retranslate()
 {
     BaseEntryImpl::retranslate();
-    for (const KeySpec& spec : keySpecs) {
-        QPushButton* key = getButton(QLatin1String(spec.key));
-        if (spec.translated && key)
-            key->setText(tr(spec.label));
+    for (const KeyDefinition& definition : keyDefinitions) {
+        QPushButton* key = getButton(QLatin1String(definition.key));
+        if (definition.translated && key)
+            key->setText(tr(definition.label));
     }
 }
 
@@ -287,11 +287,11 @@ void NumpadEntryImpl::decrStep() { changeStep(-1.0); }
 
 void NumpadEntryImpl::createButtons()
 {
-    for (const KeySpec& spec : keySpecs) {
-        if (spec.realTimeOnly && !m_realTime)
+    for (const KeyDefinition& definition : keyDefinitions) {
+        if (definition.realTimeOnly && !m_realTime)
             continue;
-        const QString label = spec.translated ? tr(spec.label) : QLatin1String(spec.label);
-        addButton(QLatin1String(spec.key), createButton(label, spec.member, QLatin1String(spec.objectName)));
+        const QString label = definition.translated ? tr(definition.label) : QLatin1String(definition.label);
+        addButton(QLatin1String(definition.key), createButton(label, definition.member, QLatin1String(definition.objectName)));
     }
 }
 
