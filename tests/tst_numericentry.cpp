@@ -84,6 +84,8 @@ private slots:
     void decibelFieldShowsMilliwatt();
     void hexFieldShowsAndSendsHex();
     void meterReadingTexts();
+    void everyInterfaceShowsItsValue_data();
+    void everyInterfaceShowsItsValue();
     void unknownInterfaceBindsToNothing();
     void unitListAndFilter();
     void textsAndSignals_data();
@@ -135,6 +137,18 @@ void TestNumericEntry::initTestCase()
     m_engine->addAttribute(attribute("Meter", SimKind::ReadingMeterReading, -20.0, SimLimits{-80, 0, 1},
                                      {"10,0,-3", "W;;;;"}));
     m_engine->addAttribute(attribute("Flag", SimKind::AttribBoolean, true));
+    m_engine->addAttribute(attribute("Word", SimKind::AttribLong, std::int64_t{255}, SimLimits{0, 65535, 1}));
+    m_engine->addAttribute(attribute("Level", SimKind::AttribValueDouble, -20.0, SimLimits{-100, 30, 1},
+                                     {"10,0,-3", "W;;;;"}));
+    m_engine->addAttribute(attribute("Gain", SimKind::AttribDouble, 2.5, SimLimits{0, 10, 0.5}));
+    m_engine->addAttribute(attribute("Steps", SimKind::AttribValueLong, std::int64_t{42}, SimLimits{0, 100, 1},
+                                     {"0,0,0", "Hz;;;;"}));
+    m_engine->addAttribute(attribute("Count", SimKind::ReadingLong, std::int64_t{7}));
+    m_engine->addAttribute(attribute("Temperature", SimKind::ReadingDouble, 21.25));
+    m_engine->addAttribute(attribute("Hits", SimKind::ReadingValueLong, std::int64_t{9}, SimLimits{0, 100, 1},
+                                     {"0,0,0", "Hz;;;;"}));
+    m_engine->addAttribute(attribute("Power", SimKind::ReadingValueDouble, -3.5, SimLimits{-100, 30, 1},
+                                     {"10,0,-3", "W;;;;"}));
 }
 
 void TestNumericEntry::cleanup()
@@ -298,6 +312,33 @@ void TestNumericEntry::meterReadingTexts()
     m_engine->setValue("Meter", -30.0);
     QTest::qWait(300);
     QCOMPARE(field.getValue(), QStringLiteral("Over Limit"));
+}
+
+void TestNumericEntry::everyInterfaceShowsItsValue_data()
+{
+    QTest::addColumn<QString>("attribute");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("settable");
+    QTest::newRow("long") << "Word" << "255" << true;
+    QTest::newRow("double") << "Gain" << "2.5000" << true;
+    QTest::newRow("value long") << "Steps" << "42" << true;
+    QTest::newRow("value double") << "Level" << "-20.0000" << true;
+    QTest::newRow("reading long") << "Count" << "7" << false;
+    QTest::newRow("reading double") << "Temperature" << "21.2500" << false;
+    QTest::newRow("reading value long") << "Hits" << "9" << false;
+    QTest::newRow("reading value double") << "Power" << "-3.5000" << false;
+}
+
+void TestNumericEntry::everyInterfaceShowsItsValue()
+{
+    QFETCH(QString, attribute);
+    QFETCH(QString, text);
+    QFETCH(bool, settable);
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(QStringLiteral("10,0,-3:W;;;;|0,0,0:Hz;;;;"));
+    bind(field, attribute.toLatin1().constData());
+    QCOMPARE(field.getValue(), text);
+    QCOMPARE(field.numpadWidget() != nullptr, settable);
 }
 
 void TestNumericEntry::unknownInterfaceBindsToNothing()

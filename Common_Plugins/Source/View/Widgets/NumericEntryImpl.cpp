@@ -682,6 +682,28 @@ bool limitsOf(Brenmoor::EngineReadingBase_ptr attr, const char* failure, double*
 }
 
 template<class Interface>
+bool numberOf(Brenmoor::EngineReadingBase_ptr attr, const char* failure, double* value)
+{
+    auto object = narrowed<Interface>(attr, failure);
+    if (CORBA::is_nil(object))
+        return false;
+    *value = object->value();
+    return true;
+}
+
+template<class Interface, class RecordVar>
+bool recordOf(Brenmoor::EngineReadingBase_ptr attr, const char* failure, double* value, Units* wire)
+{
+    auto object = narrowed<Interface>(attr, failure);
+    if (CORBA::is_nil(object))
+        return false;
+    const RecordVar record = object->value();
+    *value = record->currentValue;
+    *wire = ValueHelper::convertToUnits(record->units);
+    return true;
+}
+
+template<class Interface>
 CORBA::String_var limitsTopicOf(Brenmoor::EngineReadingBase_ptr attr)
 {
     return Interface::_narrow(attr)->limitsTopic();
@@ -714,38 +736,13 @@ void NumericEntryImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 void NumericEntryImpl::bindSettable(const QString& interface)
 {
     const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
-    if (interface == QLatin1String("EngineAttribLong")) {
-        auto attr = narrowed<Brenmoor::EngineAttribLong>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return;
-        m_value = attr->value();
+    if (!readValue(interface, failure.constData()))
+        return;
+    if (!interface.startsWith(QLatin1String("EngineAttribValue")))
         initializeNoValueUnits();
-        setPrecision(0);
+    setPrecision(interface.endsWith(QLatin1String("Long")) ? 0 : m_precision);
+    if (interface == QLatin1String("EngineAttribLong"))
         setValue(wholeNumberText(long(m_value), m_isHex));
-    } else if (interface == QLatin1String("EngineAttribDouble")) {
-        auto attr = narrowed<Brenmoor::EngineAttribDouble>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return;
-        m_value = attr->value();
-        initializeNoValueUnits();
-        setPrecision(m_precision, m_value);
-    } else if (interface == QLatin1String("EngineAttribValueLong")) {
-        auto attr = narrowed<Brenmoor::EngineAttribValueLong>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return;
-        Brenmoor::VALUE_LONG::VALUE_var value = attr->value();
-        m_value = value->currentValue;
-        initializeValueUnits(ValueHelper::convertToUnits(value->units));
-        setPrecision(0, inDisplayUnit(m_value));
-    } else {
-        auto attr = narrowed<Brenmoor::EngineAttribValueDouble>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return;
-        Brenmoor::VALUE_DOUBLE::VALUE_var value = attr->value();
-        m_value = value->currentValue;
-        initializeValueUnits(ValueHelper::convertToUnits(value->units));
-        setPrecision(m_precision, inDisplayUnit(m_value));
-    }
     readLimits(interface);
     addNumpad(m_isHex, m_realtimeUpdate);
     if (interface.startsWith(QLatin1String("EngineAttribValue"))) {
@@ -780,40 +777,45 @@ bool NumericEntryImpl::readLimits(const QString& interface)
 
 void NumericEntryImpl::bindReading(const QString& interface)
 {
+    // A plain number that will not narrow is not worth a line; a value record is.
+    const bool record = interface.startsWith(QLatin1String("EngineReadingValue"));
     const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
-    if (interface == QLatin1String("EngineReadingDouble")) {
-        auto attr = narrowed<Brenmoor::EngineReadingDouble>(m_attribute, nullptr);
-        if (CORBA::is_nil(attr))
-            return;
-        m_value = attr->value();
-        setPrecision(m_precision, m_value);
-    } else if (interface == QLatin1String("EngineReadingLong")) {
-        auto attr = narrowed<Brenmoor::EngineReadingLong>(m_attribute, nullptr);
-        if (CORBA::is_nil(attr))
-            return;
-        m_value = attr->value();
-        setPrecision(0, m_value);
-    } else if (interface == QLatin1String("EngineReadingValueDouble")) {
-        auto attr = narrowed<Brenmoor::EngineReadingValueDouble>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return;
-        Brenmoor::VALUE_DOUBLE::VALUE_var value = attr->value();
-        m_value = value->currentValue;
-        initializeValueUnits(ValueHelper::convertToUnits(value->units));
-        setPrecision(m_precision, inDisplayUnit(m_value));
+    if (!readValue(interface, record ? failure.constData() : nullptr))
+        return;
+    setPrecision(interface.endsWith(QLatin1String("Long")) ? 0 : m_precision);
+    if (record)
         setIndex(m_defaultUnit);
-    } else {
-        auto attr = narrowed<Brenmoor::EngineReadingValueLong>(m_attribute, failure.constData());
-        if (CORBA::is_nil(attr))
-            return;
-        Brenmoor::VALUE_LONG::VALUE_var value = attr->value();
-        m_value = value->currentValue;
-        initializeValueUnits(ValueHelper::convertToUnits(value->units));
-        setPrecision(0, inDisplayUnit(m_value));
-        setIndex(m_defaultUnit);
-    }
     subscribeValue(interface);
     setReadOnlyStyle();
+}
+
+/*
+  Reads the value, and the unit of a value record, through the reading
+  interface that every numeric attribute has, settable or not; false if the
+  attribute will not narrow to it.
+*/
+bool NumericEntryImpl::readValue(const QString& interface, const char* failure)
+{
+    const bool isRecord = interface.endsWith(QLatin1String("ValueDouble")) || interface.endsWith(QLatin1String("ValueLong"));
+    double value = 0.0;
+    Units wire;
+    bool read = false;
+    if (interface.endsWith(QLatin1String("ValueDouble")))
+        read = recordOf<Brenmoor::EngineReadingValueDouble, Brenmoor::VALUE_DOUBLE::VALUE_var>(m_attribute, failure,
+                                                                                             &value, &wire);
+    else if (interface.endsWith(QLatin1String("ValueLong")))
+        read = recordOf<Brenmoor::EngineReadingValueLong, Brenmoor::VALUE_LONG::VALUE_var>(m_attribute, failure,
+                                                                                         &value, &wire);
+    else if (interface.endsWith(QLatin1String("Double")))
+        read = numberOf<Brenmoor::EngineReadingDouble>(m_attribute, failure, &value);
+    else
+        read = numberOf<Brenmoor::EngineReadingLong>(m_attribute, failure, &value);
+    if (!read)
+        return false;
+    m_value = value;
+    if (isRecord)
+        initializeValueUnits(wire);
+    return true;
 }
 
 void NumericEntryImpl::bindMeter()

@@ -178,6 +178,7 @@ private:
 
     void bindSettable(const QString& interface);
     void bindReading(const QString& interface);
+    bool readValue(const QString& interface, const char* failure);
     void bindMeter();
     bool readLimits(const QString& interface);
     void subscribeValue(const QString& interface);
