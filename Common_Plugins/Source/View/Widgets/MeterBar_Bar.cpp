@@ -65,15 +65,8 @@ struct Part
 // limits the meter cannot show; the part is then left as it was.
 bool placeVertical(Part& p, double v, double l, double u, bool isDb, const QRect& bar)
 {
-    if (isDb) {
-        if (v > u) {
-            p.h = bar.height();
-            p.y = 0;
-        } else if (v <= u) {
-            p.h = v - l;
-            p.y = u - v;
-        }
-    } else if (u > 0 && l >= 0) {
+    // Upright, a level fills from its lower limit like a positive range.
+    if (isDb || (u > 0 && l >= 0)) {
         if (v > u) {
             p.h = bar.height();
             p.y = 0;
