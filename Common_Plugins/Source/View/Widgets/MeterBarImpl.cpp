@@ -303,6 +303,24 @@ Units MeterBarImpl::targetUnit(const Figures& figures) const
     return unit;
 }
 
+// In the order upright upper, upright lower, lying upper, lying lower.
+void MeterBarImpl::writeLimits(const QString& upper, const QString& lower, void (MeterBar_ScaleBase::*write)(QString))
+{
+    (m_upperScale->*write)(upper);
+    (m_lowerScale->*write)(lower);
+    (m_upperHScale->*write)(upper);
+    (m_lowerHScale->*write)(lower);
+}
+
+// All three in one unit. A mismatch throws; the reading goes first, so
+// binding keeps limits in the engine's unit when the reading's will not convert.
+void MeterBarImpl::convertFigures(Figures& figures, const Units& target)
+{
+    convertTo(figures.reading, target);
+    convertTo(figures.lower, target);
+    convertTo(figures.upper, target);
+}
+
 void MeterBarImpl::logMismatch(const char* headline, const Figures& figures) const
 {
     QString text;
@@ -342,19 +360,14 @@ void MeterBarImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     try {
         figures = figuresOf(list.in(), index);
         const Units target = targetUnit(figures);
-        convertTo(figures.reading, target);
-        convertTo(figures.lower, target);
-        convertTo(figures.upper, target);
+        convertFigures(figures, target);
         unitLabel = ValueHelper::getUnitString(target);
     } catch (const std::exception&) {
         logMismatch("UserInterface - >>>>> MeterBar init received mismatched unit types:", figures);
     }
     const double upper = figures.upper.Get_value();
     const double lower = figures.lower.Get_value();
-    m_upperScale->setText(limitText(upper, 1, unitLabel));
-    m_lowerScale->setText(limitText(lower, 1, unitLabel));
-    m_upperHScale->setText(limitText(upper, 1, unitLabel));
-    m_lowerHScale->setText(limitText(lower, 1, unitLabel));
+    writeLimits(limitText(upper, 1, unitLabel), limitText(lower, 1, unitLabel), &MeterBar_ScaleBase::setText);
 
     const double scale = std::pow(10.0, m_initialScaleExponent);
     m_bar->updateReading(figures.reading.Get_value() * scale, lower * scale, upper * scale, 0, unitLabel);
@@ -396,9 +409,7 @@ void MeterBarImpl::dds_callback(const char*, const Brenmoor::MeterReading::Readi
             if (unitIndex >= 0 && unitIndex < m_units.size())
                 target = m_units.at(int(unitIndex));
         }
-        convertTo(figures.lower, target);
-        convertTo(figures.upper, target);
-        convertTo(figures.reading, target);
+        convertFigures(figures, target);
         unitLabel = ValueHelper::getUnitString(target);
     } catch (const std::exception&) {
         logMismatch("UserInterface - >>>>> MeterBar received mismatched unit types:", figures);
@@ -411,9 +422,7 @@ void MeterBarImpl::dds_callback(const char*, const Brenmoor::MeterReading::Readi
     // The floor of a level ("no signal") would stretch the bar to nothing.
     if (figures.reading.Get_unit().scale.logarithmic != 0 && value < -300.0)
         value = lower;
-    m_upperScale->setTextNonGuiThread(limitText(upper, precisionOf(upper), unitLabel));
-    m_lowerScale->setTextNonGuiThread(limitText(lower, precisionOf(lower), unitLabel));
-    m_upperHScale->setTextNonGuiThread(limitText(upper, precisionOf(upper), unitLabel));
-    m_lowerHScale->setTextNonGuiThread(limitText(lower, precisionOf(lower), unitLabel));
+    writeLimits(limitText(upper, precisionOf(upper), unitLabel), limitText(lower, precisionOf(lower), unitLabel),
+                &MeterBar_ScaleBase::setTextNonGuiThread);
     m_bar->updateReading(value, lower, upper, stateOf(reading), unitLabel);
 }

@@ -14,6 +14,7 @@
 class MeterBar_Bar;
 class MeterBar_HorizontalScale;
 class MeterBar_Scale;
+class MeterBar_ScaleBase;
 class QFrame;
 class QGridLayout;
 class QHBoxLayout;
@@ -81,6 +82,8 @@ private:
     void placeCaps(bool horizontal);
     Figures figuresOf(const Brenmoor::MeterReading::Reading& reading, long index) const;
     Kelvane::Value::Units targetUnit(const Figures& figures) const;
+    static void convertFigures(Figures& figures, const Kelvane::Value::Units& target);
+    void writeLimits(const QString& upper, const QString& lower, void (MeterBar_ScaleBase::*write)(QString));
     void logMismatch(const char* headline, const Figures& figures) const;
 
     QString m_verticalStyle;
