@@ -6,10 +6,18 @@
 #include <cstdio>
 #include <vector>
 
+double benchPercentile(std::vector<double> samples, double fraction)
+{
+    if (samples.empty())
+        return 0.0;
+    std::sort(samples.begin(), samples.end());
+    return samples[std::min(samples.size() - 1, size_t(fraction * double(samples.size())))];
+}
+
 void benchReport(const char* what, int rounds, const std::function<void()>& step,
                  const std::function<void()>& prepare)
 {
-    std::vector<qint64> samples;
+    std::vector<double> samples;
     samples.reserve(rounds);
     QElapsedTimer timer;
     for (int i = 0; i < rounds; ++i) {
@@ -17,9 +25,8 @@ void benchReport(const char* what, int rounds, const std::function<void()>& step
             prepare();
         timer.start();
         step();
-        samples.push_back(timer.nsecsElapsed());
+        samples.push_back(double(timer.nsecsElapsed()) / 1000.0);
     }
-    std::sort(samples.begin(), samples.end());
-    std::printf("%-28s p50 %8.1f us   p99 %8.1f us   (%d rounds)\n", what,
-                samples[samples.size() / 2] / 1000.0, samples[samples.size() * 99 / 100] / 1000.0, rounds);
+    std::printf("%-28s p50 %8.1f us   p99 %8.1f us   (%d rounds)\n", what, benchPercentile(samples, 0.5),
+                benchPercentile(samples, 0.99), rounds);
 }

@@ -2,6 +2,7 @@
 #define BENCHREPORT_H
 
 #include <functional>
+#include <vector>
 
 /*!
   Times \a step \a rounds times and prints its p50 and p99 in microseconds;
@@ -9,5 +10,8 @@
 */
 void benchReport(const char* what, int rounds, const std::function<void()>& step,
                  const std::function<void()>& prepare = {});
+
+//! The \a fraction percentile of \a samples (0.5 is p50); 0 for none.
+double benchPercentile(std::vector<double> samples, double fraction);
 
 #endif // BENCHREPORT_H

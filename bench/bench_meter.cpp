@@ -14,7 +14,6 @@
 #include <QPaintEvent>
 #include <QTimer>
 
-#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <cstdio>
@@ -67,14 +66,6 @@ void addMeterAttribute(SimEngine& engine, const std::string& name)
     engine.addAttribute(setup);
 }
 
-double percentile(std::vector<double> values, double p)
-{
-    if (values.empty())
-        return 0.0;
-    std::sort(values.begin(), values.end());
-    return values[std::min(values.size() - 1, size_t(p * double(values.size())))];
-}
-
 /*
   Feeds every attribute at \a hertz from a thread of its own for \a seconds
   while the interface thread runs its event loop, and prints what the
@@ -117,8 +108,8 @@ void feedAndMeasure(const char* what, SimEngine& engine, const std::vector<std::
     std::printf("%s: interface thread CPU %.1f %% of one core; %ld samples drawn (%.0f/s), "
                 "%zu frames painted (%.0f/s), paint p50 %.0f us p99 %.0f us\n",
                 what, 100.0 * cpu / elapsed, drawn.load(), double(drawn) / elapsed, paints.microseconds.size(),
-                double(paints.microseconds.size()) / elapsed, percentile(paints.microseconds, 0.5),
-                percentile(paints.microseconds, 0.99));
+                double(paints.microseconds.size()) / elapsed, benchPercentile(paints.microseconds, 0.5),
+                benchPercentile(paints.microseconds, 0.99));
 }
 
 } // namespace
