@@ -3,6 +3,7 @@
 #include <QtTest>
 
 #include <atomic>
+#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -19,6 +20,7 @@ private slots:
     void zeroSeparationDeliversEverythingAtOnce();
     void aBurstEndsWithItsLastValue();
     void cancelDropsTheKeptValueAndLaterOffers();
+    void cancelWhileTheTimerWaitsForIt();
 };
 
 namespace {
@@ -74,6 +76,24 @@ void TestDeliveryThrottle::cancelDropsTheKeptValueAndLaterOffers()
     }
     QTest::qWait(250);
     QCOMPARE(recorder.seen(), std::vector<int>{1});
+}
+
+void TestDeliveryThrottle::cancelWhileTheTimerWaitsForIt()
+{
+    // The timer thread waits for the earliest window's end; cancelling that
+    // throttle frees its entry, and the next schedule wakes the timer, which
+    // must not read the freed entry (caught by the sanitised build).
+    Recorder recorder;
+    auto waiting = std::make_unique<DDS_DeliveryThrottle>(10s);
+    waiting->offer([&recorder] { recorder.add(1); });
+    waiting->offer([&recorder] { recorder.add(2); });
+    QTest::qWait(50);
+    waiting.reset();
+
+    DDS_DeliveryThrottle next(50ms);
+    next.offer([&recorder] { recorder.add(3); });
+    next.offer([&recorder] { recorder.add(4); });
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.seen(), (std::vector<int>{1, 3, 4}), 2000);
 }
 
 QTEST_MAIN(TestDeliveryThrottle)

@@ -51,8 +51,10 @@ private:
                 continue;
             }
             const auto first = m_due.begin();
-            if (first->first > DDS_DeliveryThrottle::Clock::now()) {
-                m_wake.wait_until(lock, first->first);
+            // A copy: remove() may free the node while this thread waits.
+            const DDS_DeliveryThrottle::Clock::time_point due = first->first;
+            if (due > DDS_DeliveryThrottle::Clock::now()) {
+                m_wake.wait_until(lock, due);
                 continue;
             }
             m_running = first->second;
