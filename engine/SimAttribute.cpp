@@ -149,6 +149,9 @@ SimAttribute::SimAttribute(const SimAttributeSetup& setup, SimPublisher& publish
     m_lockWriter = writerFor(info.settable, lockTopic(), signalType(), publisher, queue);
     m_paramsWriter = writerFor(info.enumerated, paramsTopic(), signalType(), publisher, queue);
     m_limitsWriter = writerFor(info.limited, limitsTopic(), signalType(), publisher, queue);
+    // The writer keeps it for readers that match later, and its liveliness starts with it.
+    const std::lock_guard<std::mutex> guard(m_mutex);
+    publishValueLocked();
 }
 
 std::string SimAttribute::valueTopicOf(const std::string& name)

@@ -1,5 +1,8 @@
 #include "SimEngine.h"
 
+#include "DDS_ParticipantHolder.h"
+#include <fastdds/dds/domain/DomainParticipant.hpp>
+
 #include "ORB_Wrapper.h"
 #include "SimAttribute.h"
 #include "SimAttributeServant.h"
@@ -160,6 +163,8 @@ CORBA::Object_ptr SimEngine::activate(PortableServer::ServantBase* servant)
 
 void SimEngine::tick()
 {
+    // Stops with the engine, hung or dead: its readers then see it gone.
+    Brenmoor::DDS_ParticipantHolder::instance()->assertLiveliness();
     const auto now = SimSimulator::Clock::now();
     std::lock_guard<std::mutex> lock(m_mutex);
     for (auto& entry : m_entries)

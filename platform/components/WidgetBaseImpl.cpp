@@ -1,5 +1,6 @@
 #include "WidgetBaseImpl.h"
 
+#include "EngineLink.h"
 #include "GlobalImpl.h"
 #include "QRVStatusBar.h"
 #include "WidgetFrame.h"
@@ -27,6 +28,7 @@ WidgetBaseImpl::WidgetBaseImpl(QWidget* parent)
     setLockImageVisible(false);
     // Automatic connection: a lock event emitted on a DDS thread is queued.
     connect(this, &WidgetBaseImpl::SetLocked, this, &WidgetBaseImpl::setWidgetLocked);
+    connect(EngineLink::instance(), &EngineLink::lost, this, &WidgetBaseImpl::followEngineLoss);
     if (QRVStatusBar* bar = GlobalImpl::getInstance()->statusBar())
         connect(this, &WidgetBaseImpl::exceptionMessage, bar, qOverload<const QString&>(&QRVStatusBar::addMessage));
 }
@@ -112,6 +114,7 @@ void WidgetBaseImpl::resizeEvent(QResizeEvent* event)
 void WidgetBaseImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     setDesktop(GlobalImpl::getInstance()->desktop());
+    noteBindingAttempt(attr);
     {
         QMutexLocker lock(&m_attributeMutex);
         releaseAttribute();
@@ -127,6 +130,37 @@ void WidgetBaseImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     // Through the signal, like every later lock event, so that a widget
     // that shows the lock its own way gets this one too.
     emit SetLocked(!m_settableAttribute->isWritableBy(GlobalImpl::getLockerID()));
+}
+
+void WidgetBaseImpl::noteBindingAttempt(Brenmoor::EngineReadingBase_ptr attr)
+{
+    m_bindingAttempted = true;
+    if (CORBA::is_nil(attr))
+        return;
+    // A host that binds means the engine is there; a call that finds it gone says so again.
+    EngineLink::instance()->reportLive();
+    if (m_engineLinkLost.exchange(false))
+        WidgetFrame::showEngineLinkVeil(m_lockOverlay, false, QString());
+}
+
+bool WidgetBaseImpl::isBindingAttempted() const
+{
+    return m_bindingAttempted;
+}
+
+void WidgetBaseImpl::releaseBinding()
+{
+    const std::vector<Brenmoor::DDS_BaseObj*> subscriptions = retireSubscriptions();
+    // The widget lives on: pending emissions are run, not dropped, which
+    // frees a DDS thread waiting in one.
+    awaitDeliveries(subscriptions, [this] {
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+        for (QObject* part : findChildren<QObject*>())
+            QCoreApplication::sendPostedEvents(part, QEvent::MetaCall);
+    });
+    disposeSubscriptions(subscriptions);
+    QMutexLocker lock(&m_attributeMutex);
+    releaseAttribute();
 }
 
 void WidgetBaseImpl::releaseAttribute()
@@ -167,6 +201,20 @@ void WidgetBaseImpl::addSubscription(int tag, Brenmoor::DDS_BaseObj* subscriptio
 
 void WidgetBaseImpl::releaseSubscriptions()
 {
+    const std::vector<Brenmoor::DDS_BaseObj*> subscriptions = retireSubscriptions();
+    // No new emission reaches the widget, and dropping the pending ones wakes
+    // their senders.
+    disconnect(this, nullptr, this, nullptr);
+    awaitDeliveries(subscriptions, [this] {
+        QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+        for (QObject* part : findChildren<QObject*>())
+            QCoreApplication::removePostedEvents(part, QEvent::MetaCall);
+    });
+    disposeSubscriptions(subscriptions);
+}
+
+std::vector<Brenmoor::DDS_BaseObj*> WidgetBaseImpl::retireSubscriptions()
+{
     std::vector<Brenmoor::DDS_BaseObj*> subscriptions;
     subscriptions.swap(m_untaggedSubscriptions);
     for (const DDS_Subscriber_Object& object : qAsConst(m_subscriptions))
@@ -174,19 +222,24 @@ void WidgetBaseImpl::releaseSubscriptions()
     m_subscriptions.clear();
     for (Brenmoor::DDS_BaseObj* subscription : subscriptions)
         subscription->retire();
-    // No new emission reaches the widget, and dropping the pending ones wakes
-    // their senders.
-    disconnect(this, nullptr, this, nullptr);
-    QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
-    // A sample already on its way may still be blocked in an emission to
-    // one of the widget's parts; it must end before the widget goes.
+    return subscriptions;
+}
+
+void WidgetBaseImpl::awaitDeliveries(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions,
+                                     const std::function<void()>& freeWaitingSenders)
+{
+    // A sample already on its way may be blocked in an emission to the
+    // widget or one of its parts; it must end before the subscription goes.
+    freeWaitingSenders();
     while (std::any_of(subscriptions.begin(), subscriptions.end(),
                        [](const Brenmoor::DDS_BaseObj* subscription) { return subscription->delivering(); })) {
-        for (QObject* part : findChildren<QObject*>())
-            QCoreApplication::removePostedEvents(part, QEvent::MetaCall);
-        QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+        freeWaitingSenders();
         QThread::msleep(1);
     }
+}
+
+void WidgetBaseImpl::disposeSubscriptions(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions)
+{
     // Deleting a reader waits for Fast DDS locks that a DDS thread may hold
     // while it waits for this thread: the readers go on the disposal thread.
     for (Brenmoor::DDS_BaseObj* subscription : subscriptions)
@@ -195,21 +248,44 @@ void WidgetBaseImpl::releaseSubscriptions()
 
 void WidgetBaseImpl::disconnectCORBA(const QString& reason)
 {
+    EngineLink::instance()->reportLost(reason);
+    markEngineLinkLost(reason);
+}
+
+void WidgetBaseImpl::bindingFailed(const QString& reason)
+{
+    m_bindingAttempted = true;
+    markEngineLinkLost(reason);
+}
+
+void WidgetBaseImpl::followEngineLoss(const QString& reason)
+{
+    // A widget never bound (in a form designer) has no engine to lose.
+    if (m_bindingAttempted)
+        markEngineLinkLost(reason);
+}
+
+void WidgetBaseImpl::markEngineLinkLost(const QString& reason)
+{
     if (m_engineLinkLost.exchange(true))
         return;
     qDebug() << "UserInterface -" << m_attributeName << "lost its engine link:" << reason;
     // May run on a worker or a DDS thread: the widget is changed on its own.
-    QMetaObject::invokeMethod(this, [this, reason] { showEngineLinkLost(reason); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this,
+        [this, reason] {
+            // A binding may have come in between.
+            if (m_engineLinkLost)
+                WidgetFrame::showEngineLinkVeil(m_lockOverlay, true, reason);
+        },
+        Qt::QueuedConnection);
 }
 
 WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()>& call, QString* failure)
 {
-    if (m_engineLinkLost)
+    // Once the engine is known lost nothing calls it, so nothing waits for it.
+    if (m_engineLinkLost || EngineLink::instance()->isLost())
         return EngineCall::LinkLost;
-    auto lost = [this](const char* reason) {
-        disconnectCORBA(QString::fromLatin1(reason));
-        return EngineCall::LinkLost;
-    };
     auto refused = [failure](const QString& name) {
         if (failure)
             *failure = name;
@@ -218,16 +294,12 @@ WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()
     try {
         call();
         return EngineCall::Done;
-    } catch (const CORBA::TRANSIENT&) {
-        return lost("CORBA::TRANSIENT");
-    } catch (const CORBA::COMM_FAILURE&) {
-        return lost("CORBA::COMM_FAILURE");
-    } catch (const CORBA::TIMEOUT&) {
-        // A hung engine is as gone as a dead one.
-        return lost("CORBA::TIMEOUT");
-    } catch (const CORBA::OBJECT_NOT_EXIST&) {
-        return lost("CORBA::OBJECT_NOT_EXIST");
     } catch (const CORBA::Exception& error) {
+        const CORBA::Object_var object = engineObject();
+        if (const char* reason = EngineLink::lossReason(error, object)) {
+            disconnectCORBA(QString::fromLatin1(reason));
+            return EngineCall::LinkLost;
+        }
         return refused(QString::fromLatin1(error._name()));
     } catch (const std::exception& error) {
         return refused(QString::fromLocal8Bit(error.what()));
@@ -268,16 +340,13 @@ QString WidgetBaseImpl::acceptedInterface(Brenmoor::EngineReadingBase_ptr attr, 
     return QString();
 }
 
+CORBA::Object_ptr WidgetBaseImpl::engineObject() const
+{
+    QMutexLocker lock(&m_attributeMutex);
+    return CORBA::Object::_duplicate(m_attribute);
+}
+
 bool WidgetBaseImpl::isEngineLinkLost() const
 {
     return m_engineLinkLost;
-}
-
-void WidgetBaseImpl::showEngineLinkLost(const QString& reason)
-{
-    m_lockOverlay->setStyleSheet(WidgetFrame::engineLinkLostStyle());
-    m_lockOverlay->setText(tr("No engine link"));
-    m_lockOverlay->setToolTip(reason);
-    WidgetFrame::showLockOverlay(m_lockOverlay, true);
-    emit exceptionMessage(m_attributeName + tr(" lost its engine link (") + reason + QLatin1Char(')'));
 }

@@ -19,6 +19,10 @@ class QLabel;
 class QPushButton;
 
 // The engine's object references, without the ORB's headers.
+namespace CORBA {
+class Object;
+typedef Object* Object_ptr;
+}
 namespace Brenmoor {
 class _objref_EngineReadingBase;
 class _objref_EngineAttribBase;
@@ -36,8 +40,10 @@ typedef _objref_EngineAttribBase* EngineAttribBase_ptr;
   spinner), which the widget opens on DisplayEntryMechanism().
 
   Bound to an engine attribute it owns the reference and every DDS
-  subscription of the widget. A broken engine link (disconnectCORBA) shows
-  on the widget and once in the status bar, and the widget sends no more.
+  subscription of the widget. A lost engine (a call that finds it gone or
+  hung, or its topics falling silent) veils every bound widget, is told
+  once in the status bar (EngineLink), and nothing calls the engine until
+  the host binds again.
 
   Teardown: a DDS thread may be blocked in a blocking queued emission
   towards the interface thread while that thread destroys the widget. The
@@ -89,9 +95,23 @@ public:
     void subscribeToDDS(const char* topic, boost::function<void(const char*, T)> callback);
     //! Follows a payload-free topic (lock, list or limits changed).
     void subscribeToVoidDDS(const char* topic, boost::function<void(const char*)> callback);
-    //! The widget's last word on a broken engine link. Safe from any thread.
+    /*!
+      A broken engine link, found by this widget: the widget is veiled and
+      sends no more, and the whole interface learns that the engine is lost
+      (EngineLink). A new binding lifts it. Safe from any thread.
+    */
     virtual void disconnectCORBA(const QString& reason);
     bool isEngineLinkLost() const;
+    //! True once a host has tried to bind the widget, whatever came of it.
+    bool isBindingAttempted() const;
+    /*!
+      Drops the attribute and every live value, so that the widget can be
+      bound again (to an engine that came back). Waits for a sample on its
+      way, running its pending emission.
+    */
+    virtual void releaseBinding();
+    //! A host could not bind the widget: it shows the disconnected look and acts on nothing.
+    void bindingFailed(const QString& reason);
 
     //! How an engine call ended.
     enum class EngineCall
@@ -151,6 +171,12 @@ protected:
                               const char* mismatchLine) const;
     //! A Control touch: flips the debug switch, says so, and emits suppressDebug().
     void flipDebugSwitch();
+    /*!
+      Every binding starts here (the frame's bindAttribute calls it): the
+      widget is a bound one from now on, and a binding to a live engine
+      lifts the veil of a lost one.
+    */
+    void noteBindingAttempt(Brenmoor::EngineReadingBase_ptr attr);
 
     int m_updateDelay = 100;
     bool m_suppressDebug = false;
@@ -160,10 +186,17 @@ protected:
     QList<DDS_Subscriber_Object> m_subscriptions;
 
 private:
+    //! A new reference to the bound attribute, owned by the caller; nil when unbound.
+    CORBA::Object_ptr engineObject() const;
     void addSubscription(int tag, Brenmoor::DDS_BaseObj* subscription);
     void releaseAttribute();
     void dds_lock_callback(const char* topic);
-    void showEngineLinkLost(const QString& reason);
+    void followEngineLoss(const QString& reason);
+    void markEngineLinkLost(const QString& reason);
+    std::vector<Brenmoor::DDS_BaseObj*> retireSubscriptions();
+    void awaitDeliveries(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions,
+                         const std::function<void()>& freeWaitingSenders);
+    static void disposeSubscriptions(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions);
 
     QWidget* m_desktop = nullptr;
     QPushButton* m_lockOverlay = nullptr;
@@ -175,6 +208,7 @@ private:
     // Guards the attribute references against the lock callback's thread.
     mutable QMutex m_attributeMutex;
     std::atomic<bool> m_engineLinkLost{false};
+    bool m_bindingAttempted = false;
     QMutex m_sendsMutex;
     QWaitCondition m_sendsDone;
     int m_sendsRunning = 0;

@@ -3,6 +3,7 @@
 #include "CSS.h"
 #include "GlobalImpl.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -35,6 +36,14 @@ QString lockOverlayStyle(bool withLockImage)
                               "    border: none;    font: bold 20px;    color: #fff;}");
     return QStringLiteral("QPushButton#LockOverlay {    background-color: rgba(0,0,0,0);"
                           "    border: none;    font: bold 20px;    color: #fff;}");
+}
+
+void showEngineLinkVeil(QPushButton* overlay, bool lost, const QString& reason)
+{
+    overlay->setStyleSheet(lost ? engineLinkLostStyle() : lockOverlayStyle(false));
+    overlay->setText(lost ? QCoreApplication::translate("WidgetBaseImpl", "No engine link") : QString());
+    overlay->setToolTip(reason);
+    showLockOverlay(overlay, lost);
 }
 
 QString engineLinkLostStyle()

@@ -26,6 +26,8 @@ void showLockOverlay(QPushButton* overlay, bool locked);
 
 //! The overlay's style sheet once the engine link is lost.
 QString engineLinkLostStyle();
+//! Covers the owner with the "No engine link" veil, or lifts it.
+void showEngineLinkVeil(QPushButton* overlay, bool lost, const QString& reason);
 
 //! Asks GlobalImpl for the entry mechanism; true if \a widget holds it now.
 bool takeEntryMechanism(QWidget* widget);

@@ -91,6 +91,12 @@ void DDS_BaseObj::waitForDisposals()
     DisposalThread::instance().waitUntilEmpty();
 }
 
+void DDS_BaseObj::writersLost()
+{
+    if (m_writersLost && !m_retired)
+        m_writersLost();
+}
+
 DDS_BaseObj::Delivery::Delivery(DDS_BaseObj& object)
     : m_object(object)
 {

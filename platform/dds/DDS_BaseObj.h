@@ -2,6 +2,7 @@
 #define DDS_BASEOBJ_H
 
 #include <atomic>
+#include <functional>
 
 namespace Brenmoor {
 
@@ -36,6 +37,14 @@ public:
     bool delivering() const { return m_deliveries.load() > 0; }
     //! Returns once the entities of the object exist or have failed to; at once by default.
     virtual void waitForInitDone() const;
+    /*!
+      Called on a DDS thread when the last live writer of the topic falls
+      silent or goes: its process died, hung or ended. Set before the
+      entities are made.
+    */
+    void setWritersLostHandler(std::function<void()> handler) { m_writersLost = std::move(handler); }
+    //! Tells the handler, unless retired. On a DDS thread.
+    void writersLost();
     //! Deletes \a object on the process's teardown thread; it must be retired.
     static void dispose(DDS_BaseObj* object);
     //! Waits until every object handed to dispose() is deleted.
@@ -62,6 +71,7 @@ protected:
 private:
     std::atomic<bool> m_retired{false};
     std::atomic<int> m_deliveries{0};
+    std::function<void()> m_writersLost;
 };
 
 } // namespace Brenmoor

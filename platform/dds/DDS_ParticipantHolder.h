@@ -39,10 +39,23 @@ public:
 
     //! Settings every reader of the project adds to its own.
     static void keepLocal(eprosima::fastdds::dds::DataReaderQos& qos);
-    //! Settings of every writer of the project (the engine's).
+    /*!
+      Settings of every writer of the project (the engine's). Their
+      liveliness lasts one second from the last assertLiveliness().
+    */
     static eprosima::fastdds::dds::DataWriterQos writerQos();
+    //! Says that this process's writers are alive; a writing process calls it several times a second.
+    void assertLiveliness();
 
     static int domainIdFromEnvironment();
+
+    /*!
+      Removes the shared-memory files that processes which ended without an
+      orderly shutdown (killed, crashed) left behind, with Fast DDS's own
+      cleaner ("fastdds shm clean"), waiting for it at most a few seconds.
+      For the start of a program, before its participant exists.
+    */
+    static void removeSegmentsOfDeadProcesses();
 
 private:
     DDS_ParticipantHolder();

@@ -28,6 +28,24 @@ public:
             subscription->takeAndDeliver(reader);
     }
 
+    void on_liveliness_changed(eprosima::fastdds::dds::DataReader*,
+                               const eprosima::fastdds::dds::LivelinessChangedStatus& status) override
+    {
+        // Every writer gone quiet: the engine died, hangs or ended.
+        if (status.alive_count == 0 && status.alive_count_change < 0)
+            if (auto* subscription = m_subscription.load())
+                subscription->writersLost();
+    }
+
+    void on_subscription_matched(eprosima::fastdds::dds::DataReader*,
+                                 const eprosima::fastdds::dds::SubscriptionMatchedStatus& status) override
+    {
+        // The last writer left: an engine that ended, or died before it ever said it was alive.
+        if (status.current_count == 0 && status.current_count_change < 0)
+            if (auto* subscription = m_subscription.load())
+                subscription->writersLost();
+    }
+
 private:
     std::atomic<DDS_SubscriberBase<T, void(const char*, T)>*> m_subscription{nullptr};
 };

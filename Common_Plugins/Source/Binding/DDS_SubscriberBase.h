@@ -16,6 +16,7 @@
 
 #include <atomic>
 #include <iostream>
+#include <optional>
 #include <string>
 
 namespace Brenmoor {
@@ -55,7 +56,7 @@ public:
     //! Starts InitSubBase on a detached thread; its failures are reported there.
     void start(eprosima::fastdds::dds::DurabilityQosPolicyKind kind);
 
-    //! On the DDS thread: takes one sample and delivers its payload.
+    //! On the DDS thread: takes every sample the reader holds and delivers the newest payload.
     void takeAndDeliver(eprosima::fastdds::dds::DataReader* reader);
 
 private:
@@ -65,7 +66,8 @@ private:
         eprosima::fastdds::dds::TypeSupport typeSupport{new typename Payload::PubSubType};
     };
 
-    void takeSample(eprosima::fastdds::dds::DataReader* reader);
+    //! Takes one sample, keeping its payload if it is the newest; false when there is none to take.
+    bool takeSample(eprosima::fastdds::dds::DataReader* reader, std::optional<T>& newest);
     void deliver(const T& value);
     void markInitEnded() { m_initEnded = true; }
 
@@ -165,11 +167,17 @@ void DDS_SubscriberBase<T, F>::InitSubBase(DDS_SubscriberBase* sub, long seconds
     if (sub->m_subscriber->get_default_datareader_qos(qos) != ReturnCode_t::RETCODE_OK)
         std::cout << "DDS_Subscriber:: ERROR: create_datareader failed" << std::endl;
     qos.durability().kind = kind;
-    qos.history().kind = KEEP_ALL_HISTORY_QOS;
+    // Only the newest value matters to a screen; with transient-local
+    // durability a reader made at any moment starts with the current one.
+    qos.history().kind = KEEP_LAST_HISTORY_QOS;
+    qos.history().depth = 1;
     qos.time_based_filter().minimum_separation = eprosima::fastrtps::Duration_t(static_cast<int32_t>(seconds),
                                                                                 static_cast<uint32_t>(nanoseconds));
     // A screen must not miss the last value of a burst.
     qos.reliability().kind = RELIABLE_RELIABILITY_QOS;
+    // Watching the writers' liveliness tells a dead or hung engine; their
+    // lease must not be longer than this.
+    qos.liveliness().lease_duration = eprosima::fastrtps::Duration_t(1, 0);
     DDS_ParticipantHolder::keepLocal(qos);
 
     sub->m_listener.setSubscription(sub);
@@ -182,33 +190,44 @@ void DDS_SubscriberBase<T, F>::InitSubBase(DDS_SubscriberBase* sub, long seconds
 template<class T, class F>
 void DDS_SubscriberBase<T, F>::takeAndDeliver(eprosima::fastdds::dds::DataReader* reader)
 {
-    try {
-        takeSample(reader);
-    } catch (const Runtime_errors::Generic& error) {
-        std::cerr << error.reason.in() << std::endl;
+    // Everything the reader holds is taken and only the newest shown: a
+    // backlog formed while the widget was busy never leaves it behind.
+    std::optional<T> newest;
+    while (takeSample(reader, newest)) {
     }
+    if (newest)
+        deliver(*newest);
 }
 
 template<class T, class F>
-void DDS_SubscriberBase<T, F>::takeSample(eprosima::fastdds::dds::DataReader* reader)
+bool DDS_SubscriberBase<T, F>::takeSample(eprosima::fastdds::dds::DataReader* reader, std::optional<T>& newest)
 {
     using namespace eprosima::fastdds::dds;
     SampleInfo info;
-    if (reader->take_next_sample(&m_holder->sample, &info) != ReturnCode_t::RETCODE_OK)
-        throw Runtime_errors::Generic((std::string(__PRETTY_FUNCTION__) + " take_next_sample error.").c_str());
-    if (info.valid_data) {
-        // Fast DDS may deliver from inside create_datareader, holding the
-        // reader's lock: waiting here for the set-up thread would deadlock
-        // with it. Nothing delivery uses is made by the set-up thread.
-        deliver(Payload::copy(m_holder->sample));
-    } else if (info.instance_state == NOT_ALIVE_DISPOSED_INSTANCE_STATE) {
-        std::cout << __PRETTY_FUNCTION__ << " instance is disposed" << std::endl;
-    } else if (info.instance_state == NOT_ALIVE_NO_WRITERS_INSTANCE_STATE) {
-        std::cout << __PRETTY_FUNCTION__ << " instance is unregistered" << std::endl;
-    } else {
-        throw Runtime_errors::Generic(
-            (std::string(__PRETTY_FUNCTION__) + " ERROR: received unknown instance state").c_str());
+    ReturnCode_t result = ReturnCode_t::RETCODE_OK;
+    try {
+        result = reader->take_next_sample(&m_holder->sample, &info);
+    } catch (const std::exception& error) {
+        // Any peer on the domain may send what our types cannot read: that
+        // costs the sample, never the process.
+        std::cerr << m_topicName << ": a sample that cannot be read was dropped: " << error.what() << std::endl;
+        return false;
     }
+    if (result == ReturnCode_t::RETCODE_NO_DATA)
+        return false;
+    if (result != ReturnCode_t::RETCODE_OK) {
+        std::cerr << __PRETTY_FUNCTION__ << " take_next_sample error." << std::endl;
+        return false;
+    }
+    if (info.valid_data)
+        newest = Payload::copy(m_holder->sample);
+    else if (info.instance_state == NOT_ALIVE_DISPOSED_INSTANCE_STATE)
+        std::cout << __PRETTY_FUNCTION__ << " instance is disposed" << std::endl;
+    else if (info.instance_state == NOT_ALIVE_NO_WRITERS_INSTANCE_STATE)
+        std::cout << __PRETTY_FUNCTION__ << " instance is unregistered" << std::endl;
+    else
+        std::cerr << __PRETTY_FUNCTION__ << " ERROR: received unknown instance state" << std::endl;
+    return true;
 }
 
 template<class T, class F>

@@ -1,6 +1,7 @@
 // The subscription machinery, instantiated here once per payload type for
 // the whole interface, and the frame's operations that start subscriptions.
 #include "DDS_Subscriber.h"
+#include "EngineLink.h"
 #include "WidgetBaseImpl.h"
 
 namespace {
@@ -20,8 +21,12 @@ Brenmoor::DDS_BaseObj* startSubscription(const char* topic, typename Brenmoor::D
                                          int delayMs)
 {
     auto* subscription = new Brenmoor::DDS_Subscriber<T>(topic, std::move(callback), updateSeparation(delayMs));
-    // Volatile: a late reader gets no history, so binding reads the value first.
-    subscription->start(eprosima::fastdds::dds::VOLATILE_DURABILITY_QOS);
+    // The engine's writers fall silent together when it dies or hangs.
+    subscription->setWritersLostHandler(
+        [] { EngineLink::instance()->reportLost(QStringLiteral("the engine's topics fell silent")); });
+    // Transient-local rather than volatile: a change between the binding read
+    // and the reader's match would otherwise stay unseen until the next one.
+    subscription->start(eprosima::fastdds::dds::TRANSIENT_LOCAL_DURABILITY_QOS);
     return subscription;
 }
 

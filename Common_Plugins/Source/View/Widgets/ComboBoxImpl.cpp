@@ -182,7 +182,8 @@ void ComboBoxImpl::closeInput()
 
 void ComboBoxImpl::submit(long idx)
 {
-    if (CORBA::is_nil(m_attribute)) {
+    // Only a widget never bound (in a form designer) acts on its own.
+    if (!isBindingAttempted()) {
         m_lastEnum = idx;
         emit updateEnum(idx);
         emit CloseEntryMechanism();

@@ -74,7 +74,11 @@ void ProgressBar::setMaximum(int maximum) { m_bar->setMaximum(maximum); }
 void ProgressBar::updateProgress(int percent)
 {
     // Outside the range QProgressBar keeps its value: 101 percent changes nothing.
+    // QProgressBar repaints at once; the next paint of the screen shows the
+    // value instead, so a DDS thread waiting for this slot never waits for a paint.
+    m_bar->setUpdatesEnabled(false);
     m_bar->setValue(percent * 10);
+    m_bar->setUpdatesEnabled(true);
 }
 
 void ProgressBar::mouseReleaseEvent(QMouseEvent*) {}

@@ -40,6 +40,8 @@ void TableEnumMulti::changeSize(const QString&) {}
 
 void TableEnumMulti::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
+    // Each call adds a column, so the frame's binding, which holds one attribute, is not used.
+    noteBindingAttempt(attr);
     if (CORBA::is_nil(attr))
         return;
     if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")},
@@ -70,6 +72,20 @@ void TableEnumMulti::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     subscribeToVoidDDS(paramsTopic.in(), boost::bind(&TableEnumMulti::dds_params_callback, this, _1));
     requestCorbaList(col);
     getCorbaValue(col);
+}
+
+void TableEnumMulti::releaseBinding()
+{
+    // The subscriptions go first: their callbacks read the columns.
+    EnumTableBase::releaseBinding();
+    QMutexLocker lock(&columnsMutex);
+    for (Brenmoor::EngineReadingBase_ptr attr : qAsConst(attributes))
+        CORBA::release(attr);
+    attributes.clear();
+    headings.clear();
+    valueTopics.clear();
+    paramsTopics.clear();
+    rowOfValue.clear();
 }
 
 EnumColumn* TableEnumMulti::column(long col) const

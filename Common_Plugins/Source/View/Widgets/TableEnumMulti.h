@@ -30,6 +30,7 @@ public:
     ~TableEnumMulti() override;
 
     //! Adds a column for \a attr, which the table then owns.
+    void releaseBinding() override;
     void bindAttribute(Brenmoor::EngineReadingBase_ptr attr) override;
 
     Q_INVOKABLE void setColumnHeading(const QString& name, long colIdx);

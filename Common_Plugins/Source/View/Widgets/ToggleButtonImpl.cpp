@@ -163,6 +163,11 @@ void ToggleButtonImpl::pressedEvent()
     QWidget* holder = GlobalImpl::getInstance()->entryMechanism();
     if (holder && holder != this)
         return;
+    // A widget whose engine is lost, or whose binding failed, changes nothing on its own.
+    if (isEngineLinkLost()) {
+        releaseLock();
+        return;
+    }
     QString target;
     if (m_state == m_onText) {
         target = m_offText;
@@ -173,7 +178,7 @@ void ToggleButtonImpl::pressedEvent()
         return;
     }
     setButtonState(m_loadingText);
-    if (CORBA::is_nil(m_attribute)) {
+    if (!isBindingAttempted()) {
         emit changeState(target);
         releaseLock();
         return;
