@@ -2,24 +2,26 @@
 // the simulated engine, which it starts as a process of its own (or finds
 // through --engine-ior). With --render DIR it runs for --seconds, then
 // writes a PNG of each screen into DIR and exits, for machines without a
-// display.
-#include "DemoBinding.h"
+// display. SIGTERM and SIGINT end it in order.
+#include "DDS_ParticipantHolder.h"
 #include "DemoUiLoader.h"
 #include "DemoWindow.h"
-#include "ORB_Wrapper.h"
+#include "EngineBinder.h"
 #include "QRVStatusBar.h"
 #include "SimEngineProcess.h"
 #include "ToggleButtonImpl.h"
 #include "WidgetBaseImpl.h"
 
-#include <Brenmoor.hh>
-
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
+#include <QSocketNotifier>
 #include <QTimer>
+
+#include <csignal>
 #include <cstdio>
+#include <unistd.h>
 
 namespace {
 
@@ -53,24 +55,37 @@ void touchMarkedToggles(QWidget* screen)
             toggle->pressedEvent();
 }
 
-// The engine's attribute directory: from the IOR file of a running engine,
-// or from a simulated engine started here on the scenario.
-Brenmoor::AttributeDirectory_ptr connectEngine(const QCommandLineParser& parser, SimEngineProcess& engine)
+// Where the engine's directory reference is: the IOR file of a running
+// engine, or that of a simulated engine started here on the scenario.
+QString engineReference(const QCommandLineParser& parser, SimEngineProcess& engine)
 {
-    if (parser.isSet("engine-ior")) {
-        QFile file(parser.value("engine-ior"));
-        if (!file.open(QIODevice::ReadOnly)) {
-            std::fprintf(stderr, "rv-demo: cannot read %s\n", qPrintable(file.fileName()));
-            return Brenmoor::AttributeDirectory::_nil();
-        }
-        CORBA::Object_var object = ORB_Wrapper::objectFromString(file.readAll().trimmed().toStdString());
-        return Brenmoor::AttributeDirectory::_narrow(object);
-    }
+    if (parser.isSet("engine-ior"))
+        return parser.value("engine-ior");
     if (!engine.start(parser.value("scenario"))) {
         std::fprintf(stderr, "rv-demo: the simulated engine did not start: %s\n", qPrintable(engine.errorString()));
-        return Brenmoor::AttributeDirectory::_nil();
+        return QString();
     }
-    return engine.directory();
+    return engine.iorFile();
+}
+
+// A stop signal only writes to a pipe; the event loop then ends in order,
+// and the engine started here is ended with it.
+int s_stopPipe[2] = {-1, -1};
+
+void quitOnStopSignals(QApplication& app)
+{
+    if (::pipe(s_stopPipe) != 0)
+        return;
+    auto* notifier = new QSocketNotifier(s_stopPipe[0], QSocketNotifier::Read, &app);
+    QObject::connect(notifier, &QSocketNotifier::activated, &app, [&app] { app.quit(); });
+    struct sigaction action = {};
+    action.sa_handler = [](int) {
+        const char byte = 1;
+        [[maybe_unused]] const ssize_t written = ::write(s_stopPipe[1], &byte, 1);
+    };
+    sigemptyset(&action.sa_mask);
+    sigaction(SIGTERM, &action, nullptr);
+    sigaction(SIGINT, &action, nullptr);
 }
 
 bool renderScreens(DemoWindow& window, const QString& folder)
@@ -91,7 +106,9 @@ bool renderScreens(DemoWindow& window, const QString& folder)
 
 int main(int argc, char* argv[])
 {
+    Brenmoor::DDS_ParticipantHolder::removeSegmentsOfDeadProcesses();
     QApplication app(argc, argv);
+    quitOnStopSignals(app);
     copyStartupSwitches(app.arguments());
 
     QCommandLineParser parser;
@@ -106,19 +123,19 @@ int main(int argc, char* argv[])
     parser.parse(app.arguments());
 
     SimEngineProcess engine;
-    Brenmoor::AttributeDirectory_var directory;
-    try {
-        directory = connectEngine(parser, engine);
-    } catch (const CORBA::Exception& error) {
-        std::fprintf(stderr, "rv-demo: cannot reach the engine: %s\n", error._name());
-    }
-    if (CORBA::is_nil(directory))
+    const QString reference = engineReference(parser, engine);
+    if (reference.isEmpty())
         return 1;
 
     DemoWindow window;
     DemoUiLoader loader;
-    QStringList problems;
     QList<QWidget*> screens;
+    // Bound off the interface thread: the window shows at once, even with the engine gone.
+    EngineBinder binder(reference);
+    QObject::connect(&binder, &EngineBinder::problem, &window, [&window](const QString& problem) {
+        std::fprintf(stderr, "rv-demo: %s\n", qPrintable(problem));
+        window.statusBar()->addMessage(problem);
+    });
     const QString forms = parser.isSet("forms") ? parser.value("forms") : QStringLiteral(":/demo/forms");
     const QStringList files = QDir(forms).entryList({QStringLiteral("*.ui")}, QDir::Files, QDir::Name);
     for (const QString& file : files) {
@@ -127,30 +144,29 @@ int main(int argc, char* argv[])
             std::fprintf(stderr, "rv-demo: %s\n", qPrintable(loader.errorString()));
             return 1;
         }
-        bindScreenToEngine(screen, directory, problems);
         screens << screen;
-        showDemoLocks(screen);
+        binder.addScreen(screen);
         window.addScreen(screen->windowTitle().isEmpty() ? QFileInfo(file).baseName() : screen->windowTitle(), screen);
     }
-    for (const QString& problem : qAsConst(problems)) {
-        std::fprintf(stderr, "rv-demo: %s\n", qPrintable(problem));
-        window.statusBar()->addMessage(problem);
-    }
-    if (problems.isEmpty())
+    bool firstBinding = true;
+    QObject::connect(&binder, &EngineBinder::bound, &window, [&](int) {
+        for (QWidget* screen : qAsConst(screens))
+            showDemoLocks(screen);
+        if (!firstBinding)
+            return;
+        firstBinding = false;
         window.statusBar()->addMessage(QStringLiteral("Demo instrument ready"));
+        if (parser.isSet("render"))
+            for (QWidget* screen : qAsConst(screens))
+                touchMarkedToggles(screen);
+    });
     window.show();
 
     if (parser.isSet("render")) {
-        for (QWidget* screen : qAsConst(screens))
-            touchMarkedToggles(screen);
         const int seconds = parser.value("seconds").toInt();
         QTimer::singleShot(seconds * 1000, &app, [&] {
             app.exit(renderScreens(window, parser.value("render")) ? 0 : 1);
         });
     }
-    const int status = app.exec();
-    // A killed engine would leave its shared-memory files behind.
-    if (engine.isRunning())
-        engine.terminate();
-    return status;
+    return app.exec();
 }

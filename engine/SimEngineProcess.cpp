@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include <csignal>
+
 namespace {
 
 constexpr int pollMs = 20;
@@ -35,7 +37,9 @@ SimEngineProcess::SimEngineProcess()
 
 SimEngineProcess::~SimEngineProcess()
 {
-    kill();
+    // SIGTERM first: a killed engine leaves its shared-memory files behind.
+    if (isRunning() && !terminate(3000))
+        kill();
 }
 
 QString SimEngineProcess::program()
@@ -53,6 +57,7 @@ bool SimEngineProcess::start(const QString& scenarioFile, int timeoutMs)
 {
     if (!m_folder.isValid())
         return failStart(QStringLiteral("no temporary folder: ") + m_folder.errorString());
+    m_scenario = scenarioFile;
     m_process.start(program(), {scenarioFile, QStringLiteral("--ior-file"), iorFile(),
                                 QStringLiteral("--control-ior-file"), m_folder.filePath(QStringLiteral("control.ior")),
                                 QStringLiteral("--parent-pid"), QString::number(QCoreApplication::applicationPid())});
@@ -106,6 +111,25 @@ void SimEngineProcess::kill()
         return;
     m_process.kill();
     m_process.waitForFinished(5000);
+}
+
+void SimEngineProcess::pause() { signal(SIGSTOP); }
+void SimEngineProcess::resume() { signal(SIGCONT); }
+
+void SimEngineProcess::signal(int number)
+{
+    if (isRunning())
+        ::kill(static_cast<pid_t>(m_process.processId()), number);
+}
+
+bool SimEngineProcess::restart(int timeoutMs)
+{
+    if (isRunning() && !terminate(timeoutMs))
+        kill();
+    // A killed engine had no time to remove its files; a reader must not take the old ones.
+    QFile::remove(iorFile());
+    QFile::remove(m_folder.filePath(QStringLiteral("control.ior")));
+    return start(m_scenario, timeoutMs);
 }
 
 bool SimEngineProcess::terminate(int timeoutMs)

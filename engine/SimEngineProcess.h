@@ -11,8 +11,10 @@
 /*!
   A simulated engine in a process of its own, for tests: starts
   rv-sim-engine on a scenario, waits until it serves, and hands out its
-  directory and control objects. kill() ends it as a crash would; the
-  destructor kills a process still running.
+  directory and control objects. kill() ends it as a crash would, pause()
+  as a hang; the destructor ends a process still running with SIGTERM, and
+  SIGKILL only if that does not end it, so that it leaves no shared memory
+  behind.
 
   The program is taken from RV_SIM_ENGINE, else the one built with this
   library. It inherits the environment, and so the DDS domain, and ends
@@ -34,6 +36,14 @@ public:
 
     //! SIGKILL, then waits for the process to end.
     void kill();
+    //! SIGSTOP and SIGCONT: the engine hangs, and comes back.
+    void pause();
+    void resume();
+    /*!
+      Ends the engine if it runs, then starts it again on the same scenario
+      and the same IOR files, as an engine restarted in place would be.
+    */
+    bool restart(int timeoutMs = 10000);
     //! SIGTERM; true if the engine then ended cleanly within the time.
     bool terminate(int timeoutMs = 5000);
     //! True if the engine ended cleanly (code 0) within the time; killed if it did not end.
@@ -49,7 +59,10 @@ private:
     bool waitForIorFiles(int timeoutMs);
     bool failStart(const QString& error);
 
+    void signal(int number);
+
     QTemporaryDir m_folder;
+    QString m_scenario;
     QProcess m_process;
     QString m_error;
     Brenmoor::AttributeDirectory_var m_directory;

@@ -3,6 +3,7 @@
 // control interface's quit(), and tells clients where it is through IOR
 // files.
 
+#include "DDS_ParticipantHolder.h"
 #include "ORB_Wrapper.h"
 #include "SimEngine.h"
 #include "SimScenario.h"
@@ -101,6 +102,7 @@ int main(int argc, char* argv[])
 
     QCoreApplication app(argc, argv);
     const Options options = parseOptions(app);
+    Brenmoor::DDS_ParticipantHolder::removeSegmentsOfDeadProcesses();
     endWithParent(options.parentPid);
     int result = 0;
     try {

@@ -1,0 +1,243 @@
+#include "EngineBinder.h"
+
+#include "EngineLink.h"
+#include "ORB_Wrapper.h"
+#include "WidgetBaseImpl.h"
+
+#include <Brenmoor.hh>
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QFile>
+#include <QFileInfo>
+#include <QTimer>
+#include <QVariant>
+#include <QtConcurrent>
+
+#include <vector>
+
+/*
+  One pass of the binder: the widgets to bind and the names each takes,
+  filled in on a worker with the engine's references, or the reason the
+  engine did not answer.
+*/
+struct EngineBinderAttempt
+{
+    struct Binding
+    {
+        QPointer<WidgetBaseImpl> widget;
+        QPointer<QWidget> screen;
+        QStringList names;
+        std::vector<Brenmoor::EngineReadingBase_var> references;  // nil for a name the engine does not know
+    };
+
+    std::vector<Binding> bindings;
+    QString lossReason;
+};
+
+namespace {
+
+constexpr int defaultRetryMs = 500;
+
+QString engineReferenceText(const QString& reference)
+{
+    if (!QFileInfo(reference).isFile())
+        return reference;
+    QFile file(reference);
+    return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()).trimmed() : QString();
+}
+
+// On a worker: every CORBA wait of a pass happens here, away from the interface thread.
+void lookUp(EngineBinderAttempt& attempt, const QString& reference)
+{
+    const QString text = engineReferenceText(reference);
+    if (text.isEmpty()) {
+        attempt.lossReason = QStringLiteral("no engine reference in \"%1\"").arg(reference);
+        return;
+    }
+    try {
+        CORBA::Object_var object = ORB_Wrapper::objectFromString(text.toStdString());
+        Brenmoor::AttributeDirectory_var directory = Brenmoor::AttributeDirectory::_narrow(object);
+        if (CORBA::is_nil(directory) || directory->_non_existent()) {
+            attempt.lossReason = QStringLiteral("no attribute directory at the engine reference");
+            return;
+        }
+        for (EngineBinderAttempt::Binding& binding : attempt.bindings)
+            for (const QString& name : qAsConst(binding.names)) {
+                try {
+                    binding.references.emplace_back(directory->find(name.toUtf8().constData()));
+                } catch (const Brenmoor::AttributeDirectory::UnknownAttribute&) {
+                    binding.references.emplace_back(Brenmoor::EngineReadingBase::_nil());
+                }
+            }
+    } catch (const CORBA::Exception& error) {
+        attempt.lossReason = QString::fromLatin1(error._name());
+    }
+}
+
+void applySizeWord(QWidget* widget)
+{
+    const QString size = widget->property("sizeWord").toString();
+    if (!size.isEmpty())
+        QMetaObject::invokeMethod(widget, "changeSize", Q_ARG(QString, size));
+}
+
+void registerSelectors(QWidget* screen, QWidget* widget)
+{
+    static const char* const kinds[][2] = {{"readingSelector", "registerReadingSelector"},
+                                           {"unitSelector", "registerUnitSelector"}};
+    for (const auto& kind : kinds) {
+        const QString name = widget->property(kind[0]).toString();
+        if (QWidget* selector = name.isEmpty() || !screen ? nullptr : screen->findChild<QWidget*>(name))
+            QMetaObject::invokeMethod(widget, kind[1], Q_ARG(QWidget*, selector));
+    }
+}
+
+bool needsBinding(const WidgetBaseImpl* widget)
+{
+    return !widget->isBindingAttempted() || widget->isEngineLinkLost();
+}
+
+} // namespace
+
+EngineBinder::EngineBinder(const QString& engineReference, QObject* parent)
+    : QObject(parent)
+    , m_reference(engineReference)
+    , m_retry(new QTimer(this))
+{
+    m_retry->setInterval(defaultRetryMs);
+    connect(m_retry, &QTimer::timeout, this, &EngineBinder::attempt);
+    connect(EngineLink::instance(), &EngineLink::lost, this, &EngineBinder::engineLost);
+}
+
+EngineBinder::~EngineBinder() = default;
+
+void EngineBinder::addScreen(QWidget* screen)
+{
+    m_screens << screen;
+    // Screens added together are bound in one pass.
+    QTimer::singleShot(0, this, &EngineBinder::attempt);
+}
+
+int EngineBinder::retryInterval() const { return m_retry->interval(); }
+void EngineBinder::setRetryInterval(int milliseconds) { m_retry->setInterval(milliseconds); }
+bool EngineBinder::isBound() const { return m_bound; }
+
+void EngineBinder::attempt()
+{
+    if (m_attemptRunning) {
+        m_attemptAgain = true;
+        return;
+    }
+    std::shared_ptr<EngineBinderAttempt> pass = widgetsToBind();
+    if (pass->bindings.empty() && m_bound)
+        return;
+    m_attemptRunning = true;
+    // The binder may be gone when the worker ends; the application is not.
+    QPointer<EngineBinder> self(this);
+    QtConcurrent::run([self, pass, reference = m_reference] {
+        lookUp(*pass, reference);
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [self, pass] {
+                if (self)
+                    self->finishAttempt(pass);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+std::shared_ptr<EngineBinderAttempt> EngineBinder::widgetsToBind() const
+{
+    auto pass = std::make_shared<EngineBinderAttempt>();
+    for (const QPointer<QWidget>& screen : m_screens) {
+        if (!screen)
+            continue;
+        for (WidgetBaseImpl* widget : screen->findChildren<WidgetBaseImpl*>()) {
+            const QString name = widget->getAttributeName();
+            if (name.isEmpty() || name == QLatin1String("AttributeName") || !needsBinding(widget))
+                continue;
+            QStringList names{name};
+            for (const QString& more :
+                 widget->property("moreAttributes").toString().split(QLatin1Char(','), Qt::SkipEmptyParts))
+                names << more.trimmed();
+            pass->bindings.push_back({widget, screen, names, {}});
+        }
+    }
+    return pass;
+}
+
+void EngineBinder::finishAttempt(const std::shared_ptr<EngineBinderAttempt>& result)
+{
+    m_attemptRunning = false;
+    if (result->lossReason.isEmpty())
+        bindAll(*result);
+    else
+        showLoss(*result, result->lossReason);
+    if (m_attemptAgain) {
+        m_attemptAgain = false;
+        attempt();
+    }
+}
+
+void EngineBinder::bindAll(EngineBinderAttempt& result)
+{
+    int boundWidgets = 0;
+    for (EngineBinderAttempt::Binding& binding : result.bindings) {
+        WidgetBaseImpl* widget = binding.widget;
+        if (!widget)
+            continue;
+        if (widget->isBindingAttempted())
+            widget->releaseBinding();
+        else
+            applySizeWord(widget);
+        for (int i = 0; i < binding.names.size(); ++i) {
+            const QString& name = binding.names.at(i);
+            if (CORBA::is_nil(binding.references[size_t(i)])) {
+                emit problem(QStringLiteral("the engine has no attribute \"%1\"").arg(name));
+                if (i == 0)
+                    widget->bindingFailed(QStringLiteral("no such attribute"));
+                continue;
+            }
+            // The widget takes its reference; this one answers whether the engine still does.
+            const CORBA::Object_var reference = CORBA::Object::_duplicate(binding.references[size_t(i)].in());
+            try {
+                // A multi-column table takes one attribute per call.
+                widget->bindAttribute(binding.references[size_t(i)]._retn());
+                if (i > 0)
+                    QMetaObject::invokeMethod(widget, "setColumnHeading", Q_ARG(QString, name), Q_ARG(long, i));
+            } catch (const CORBA::Exception& error) {
+                if (const char* reason = EngineLink::lossReason(error, reference)) {
+                    // Gone under this pass: nothing more is asked of it.
+                    showLoss(result, QString::fromLatin1(reason));
+                    return;
+                }
+                emit problem(QStringLiteral("binding \"%1\" failed: %2").arg(name, QString::fromLatin1(error._name())));
+                widget->bindingFailed(QString::fromLatin1(error._name()));
+            }
+        }
+        registerSelectors(binding.screen, widget);
+        ++boundWidgets;
+    }
+    m_bound = true;
+    m_retry->stop();
+    EngineLink::instance()->reportLive();
+    emit bound(boundWidgets);
+}
+
+void EngineBinder::showLoss(const EngineBinderAttempt& result, const QString& reason)
+{
+    m_bound = false;
+    EngineLink::instance()->reportLost(reason);
+    // Widgets the pass did not reach show the loss too: none acts on its own.
+    for (const EngineBinderAttempt::Binding& binding : result.bindings)
+        if (binding.widget && !binding.widget->isEngineLinkLost())
+            binding.widget->bindingFailed(reason);
+    m_retry->start();
+}
+
+void EngineBinder::engineLost()
+{
+    m_bound = false;
+    if (!m_retry->isActive())
+        m_retry->start();
+}
