@@ -4,6 +4,7 @@
 // thread's CPU share, frames painted, the cost of a paint on the interface
 // thread and of drawing a sample into the bar's image on the DDS thread.
 #include "BenchReport.h"
+#include "BenchUsage.h"
 #include "GlobalImpl.h"
 #include "MeterBarImpl.h"
 #include "MeterBar_Bar.h"
@@ -17,19 +18,11 @@
 #include <atomic>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 #include <string>
 #include <thread>
 #include <vector>
 
 namespace {
-
-double threadCpuSeconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) + double(now.tv_nsec) / 1e9;
-}
 
 // Counts and times the paints of the bars it watches, on the interface thread.
 class PaintMeter : public QObject
@@ -95,10 +88,10 @@ void feedAndMeasure(const char* what, SimEngine& engine, const std::vector<std::
 
     QElapsedTimer wall;
     wall.start();
-    const double cpuBefore = threadCpuSeconds();
+    const double cpuBefore = benchThreadCpuSeconds();
     QTimer::singleShot(seconds * 1000, qApp, &QCoreApplication::quit);
     QApplication::exec();
-    const double cpu = threadCpuSeconds() - cpuBefore;
+    const double cpu = benchThreadCpuSeconds() - cpuBefore;
     const double elapsed = double(wall.nsecsElapsed()) / 1e9;
     running = false;
     feeder.join();
