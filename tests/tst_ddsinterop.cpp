@@ -1,6 +1,8 @@
 // The instrument's DDS participant against a peer of another make, Cyclone
 // DDS (rv-cyclone-probe), on UDP over 127.0.0.1: what the peer writes
-// reaches a bound widget, and what the engine writes reaches the peer.
+// reaches a bound widget, what the engine writes reaches the peer, and a
+// sample the peer writes that Fast DDS cannot read costs that sample, not
+// the host.
 #include "BoundedExit.h"
 #include "ProgressBar.h"
 #include "SimEngine.h"
@@ -69,6 +71,8 @@ private slots:
     void initTestCase();
     void barShowsWhatTheForeignPeerWrites();
     void foreignPeerReadsWhatTheEngineWrites();
+    // Last: until the library survives such a sample, it ends the process.
+    void unreadableSampleCostsOnlyThatSample();
 
 private:
     std::unique_ptr<SimEngine> m_engine;
@@ -77,7 +81,7 @@ private:
 void TestDdsInterop::initTestCase()
 {
     m_engine = std::make_unique<SimEngine>();
-    for (const char* name : {"Remote", "Level"}) {
+    for (const char* name : {"Remote", "Level", "Hostile"}) {
         SimAttributeSetup setup;
         setup.name = name;
         setup.kind = SimKind::ReadingLong;
@@ -112,6 +116,26 @@ void TestDdsInterop::foreignPeerReadsWhatTheEngineWrites()
     }(), waitMs);
     QVERIFY2(probe.succeeded(), qPrintable(probe.report()));
     QVERIFY(probe.lines().contains(QStringLiteral("value 37")));
+}
+
+void TestDdsInterop::unreadableSampleCostsOnlyThatSample()
+{
+    ProgressBar bar;
+    bar.setUpdateDelay(0);
+    bar.bindAttribute(m_engine->attribute("Hostile"));
+
+    // Fast CDR reads XCDR1 only: an XCDR2 sample cannot be read, and it
+    // must not take the host down.
+    CycloneProbe probe({QStringLiteral("write"), QStringLiteral("Hostile"), QStringLiteral("66"), QStringLiteral("--xcdr2")});
+    QTRY_VERIFY_WITH_TIMEOUT(probe.finished(), waitMs);
+    QVERIFY2(probe.succeeded(), qPrintable(probe.report()));
+    QVERIFY(probe.lines().contains(QStringLiteral("wrote 66")));
+
+    // The host is still here, and the bar still follows its engine.
+    QTRY_VERIFY_WITH_TIMEOUT([&] {
+        m_engine->setValue("Hostile", std::int64_t(9));
+        return barOf(&bar)->value() == 90;
+    }(), waitMs);
 }
 
 RV_TEST_MAIN_BOUNDED_EXIT(TestDdsInterop, QApplication)

@@ -3,10 +3,12 @@
   attribute topics, for the tests that check that the instrument's
   participant and a foreign one understand each other.
 
-    rv-cyclone-probe write ATTRIBUTE VALUE... [--timeout SECONDS]
+    rv-cyclone-probe write ATTRIBUTE VALUE... [--xcdr2] [--timeout SECONDS]
         Waits until a reader of rv/attr/ATTRIBUTE matches, writes each VALUE
         as a TQMM_DDS::ATTR_LONG sample, and waits until the readers have
-        acknowledged them.
+        acknowledged them. --xcdr2 sends the samples in the XCDR2 data
+        representation although the writer offered XCDR1, as a careless
+        peer would.
     rv-cyclone-probe read ATTRIBUTE EXPECTED [--timeout SECONDS]
         Reads rv/attr/ATTRIBUTE as TQMM_DDS::ATTR_LONG, printing every
         value, until EXPECTED arrives.
@@ -23,6 +25,7 @@
 #include "TQMM_DDS.h"
 
 #include <dds/dds.h>
+#include <dds/ddsi/ddsi_serdata.h>
 
 #include <stdarg.h>
 #include <stdbool.h>
@@ -53,6 +56,7 @@ typedef struct Options
     const char* attribute;
     long* values;
     int valueCount;
+    bool xcdr2;
     double timeoutSeconds;
 } Options;
 
@@ -83,7 +87,9 @@ static bool parseOptions(int argc, char* argv[], Options* options)
     options->attribute = argv[2];
     options->values = calloc((size_t)argc, sizeof *options->values);
     for (int i = 3; i < argc; ++i) {
-        if (strcmp(argv[i], "--timeout") == 0 && i + 1 < argc) {
+        if (strcmp(argv[i], "--xcdr2") == 0 && options->write) {
+            options->xcdr2 = true;
+        } else if (strcmp(argv[i], "--timeout") == 0 && i + 1 < argc) {
             char* end = NULL;
             options->timeoutSeconds = strtod(argv[++i], &end);
             if (*end != '\0' || options->timeoutSeconds <= 0.0)
@@ -141,6 +147,38 @@ static bool waitFor(dds_entity_t waitset, const Peer* peer)
     return dds_waitset_wait_until(waitset, NULL, 0, peer->deadline) > 0;
 }
 
+/* A sample in the XCDR2 representation, as serialized data: written by a
+   writer that offers only that and taken back by a reader that takes only
+   that, both in this participant. */
+static struct ddsi_serdata* xcdr2Sample(const Peer* peer, const TQMM_DDS_ATTR_LONG* sample)
+{
+    const dds_data_representation_id_t xcdr2[] = {DDS_DATA_REPRESENTATION_XCDR2};
+    dds_qos_t* qos = topicQos(false);
+    dds_qset_data_representation(qos, 1, xcdr2);
+    const dds_entity_t writer = dds_create_writer(peer->participant, peer->topic, qos, NULL);
+    const dds_entity_t reader = dds_create_reader(peer->participant, peer->topic, qos, NULL);
+    dds_delete_qos(qos);
+    struct ddsi_serdata* serialized = NULL;
+    dds_sample_info_t info;
+    if (writer >= 0 && reader >= 0 && dds_write(writer, sample) == DDS_RETCODE_OK
+        && dds_takecdr(reader, &serialized, 1, &info, 0) != 1)
+        serialized = NULL;
+    dds_delete(reader);
+    dds_delete(writer);
+    return serialized;
+}
+
+static dds_return_t writeOne(const Peer* peer, dds_entity_t writer, const TQMM_DDS_ATTR_LONG* sample, bool xcdr2)
+{
+    if (!xcdr2)
+        return dds_write(writer, sample);
+    /* Cyclone does not match a writer that offers only XCDR2 with a reader
+       that names no representation, as Fast DDS's readers do (that means
+       XCDR1): the XCDR2 bytes go out on the writer that offered XCDR1. */
+    struct ddsi_serdata* serialized = xcdr2Sample(peer, sample);
+    return serialized ? dds_writecdr(writer, serialized) : DDS_RETCODE_ERROR;
+}
+
 static int writeValues(const Peer* peer, const Options* options)
 {
     dds_qos_t* qos = topicQos(true);
@@ -171,7 +209,7 @@ static int writeValues(const Peer* peer, const Options* options)
         sample.header.serial = (uint64_t)i + 1;
         sample.header.stampNs = dds_time();
         sample.value = (int32_t)options->values[i];
-        const dds_return_t written = dds_write(writer, &sample);
+        const dds_return_t written = writeOne(peer, writer, &sample, options->xcdr2);
         if (written != DDS_RETCODE_OK)
             return fail("write failed", written);
         say("wrote %ld\n", options->values[i]);
@@ -255,7 +293,7 @@ int main(int argc, char* argv[])
     if (parseOptions(argc, argv, &options))
         result = run(&options);
     else
-        fprintf(stderr, "usage: rv-cyclone-probe write ATTRIBUTE VALUE... [--timeout SECONDS]\n"
+        fprintf(stderr, "usage: rv-cyclone-probe write ATTRIBUTE VALUE... [--xcdr2] [--timeout SECONDS]\n"
                         "       rv-cyclone-probe read ATTRIBUTE EXPECTED [--timeout SECONDS]\n");
     free(options.values);
     return result;
