@@ -129,7 +129,8 @@ static void say(const char* format, ...)
 }
 
 /* As the engine's writers and the widgets' readers: reliable, and a writer
-   keeps its last value for a late reader. A reader that asks for volatile
+   keeps its last value for a late reader, with a liveliness lease short
+   enough for the widgets' readers. A reader that asks for volatile
    durability matches a writer that offers either. */
 static dds_qos_t* topicQos(bool writer)
 {
@@ -137,6 +138,10 @@ static dds_qos_t* topicQos(bool writer)
     dds_qset_reliability(qos, DDS_RELIABILITY_RELIABLE, DDS_SECS(1));
     dds_qset_durability(qos, writer ? DDS_DURABILITY_TRANSIENT_LOCAL : DDS_DURABILITY_VOLATILE);
     dds_qset_history(qos, DDS_HISTORY_KEEP_LAST, writer ? 1 : 16);
+    /* The widgets' readers watch liveliness with a one-second lease and
+       match no writer that offers a longer one. */
+    if (writer)
+        dds_qset_liveliness(qos, DDS_LIVELINESS_AUTOMATIC, DDS_MSECS(500));
     return qos;
 }
 
