@@ -88,12 +88,10 @@ private slots:
     void looks();
 
 private:
-    // Topics are volatile: wait until the table's readers match the engine's writers.
     template<class Table>
     void bind(Table& table, const char* name)
     {
         table.bindAttribute(m_engine->attribute(name));
-        QTest::qWait(500);
     }
 
     std::unique_ptr<SimEngine> m_engine;
