@@ -29,7 +29,13 @@ class SimEngine;
     "meter": { "items": [ { "type": 0 }, { "type": 4, "offset": -3 } ], "flags": [ 1 ] }
   each item a reading type (0 "Peak Positive" ... 8) at that distance from
   the value, and the flags (0 to 6) that stay raised.
-  Everything but name and kind may be left out.
+  Everything but name and kind may be left out; what is given must have
+  the type and range the engine sends it in (32-bit whole numbers for a
+  long's value and limits, floats for a basic trace). A name is unique, at
+  most 240 bytes of UTF-8 without control characters, as it becomes part
+  of DDS topic names. Limits need lower <= upper and a positive step; a
+  simulation's period is 1 ms to a day, and its min <= max lie in the
+  range of the kind.
 */
 class SimScenario
 {

@@ -19,6 +19,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -139,6 +140,17 @@ SimAttributeSetup setup(const char* name, SimKind kind, std::optional<SimValue> 
     return result;
 }
 
+// A scenario of attributes, each given by its fields.
+QByteArray scenarioOf(const QByteArrayList& attributes)
+{
+    return R"({"attributes":[{)" + attributes.join("},{") + "}]}";
+}
+
+QByteArray oneAttribute(const QByteArray& fields)
+{
+    return scenarioOf({R"("name":"A",)" + fields});
+}
+
 QString exceptionName(const std::function<void()>& call)
 {
     try {
@@ -175,6 +187,9 @@ private slots:
     void reshapeChangesTheListAndKeepsTheValueListed();
     void scenarioRejectsBadInput_data();
     void scenarioRejectsBadInput();
+    void scenarioAcceptsValuesAtTheirBounds_data();
+    void scenarioAcceptsValuesAtTheirBounds();
+    void processRefusesBadScenario();
 
     void processServesDemoScenario();
     void failNextSetRaisesChosenFailure_data();
@@ -551,6 +566,157 @@ void TestSimEngine::scenarioRejectsBadInput_data()
     QTest::newRow("unknown reading type")
         << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingMeterReading","meter":{"items":[{"type":9}]}}]})")
         << "reading type";
+
+    // Numbers that do not fit where they go.
+    const QString beyond64 = QStringLiteral("A/value: a whole number within the 64-bit range is needed");
+    QTest::newRow("longlong 1e300") << oneAttribute(R"("kind":"EngineAttribLongLong","value":1e300)") << beyond64;
+    QTest::newRow("longlong 2^63")
+        << oneAttribute(R"("kind":"EngineAttribLongLong","value":9223372036854775808)") << beyond64;
+    QTest::newRow("longlong -1e19") << oneAttribute(R"("kind":"EngineReadingLongLong","value":-1e19)") << beyond64;
+    QTest::newRow("long value 3e9 names the field")
+        << oneAttribute(R"("kind":"EngineAttribLong","value":3e9)")
+        << "A/value: a whole number within the 32-bit range";
+    QTest::newRow("enum value 1e10")
+        << oneAttribute(R"("kind":"EngineAttribEnum","enum":[{"value":1e10,"label":"Far"}])")
+        << "A/enum/value: a whole number within the 32-bit range";
+    QTest::newRow("enum value -2^31-1")
+        << oneAttribute(R"("kind":"EngineAttribEnum","enum":[{"value":-2147483649,"label":"Far"}])")
+        << "A/enum/value: a whole number within the 32-bit range";
+    QTest::newRow("meter item type 1e300")
+        << oneAttribute(R"("kind":"EngineReadingMeterReading","meter":{"items":[{"type":1e300}]})")
+        << "A/meter/items/type: a reading type from 0 to 8 is needed";
+    QTest::newRow("trace sample beyond a float")
+        << oneAttribute(R"("kind":"EngineBasicTrace","value":[1,1e39])")
+        << "A/value: a number within the range of a float";
+
+    // Limits.
+    QTest::newRow("limits not an object") << oneAttribute(R"("kind":"EngineAttribDouble","limits":[0,1])")
+                                          << "A/limits: an object is needed";
+    QTest::newRow("limits inverted")
+        << oneAttribute(R"("kind":"EngineAttribDouble","limits":{"lower":10,"upper":1})")
+        << "A/limits/lower: above the upper limit";
+    QTest::newRow("limits without upper") << oneAttribute(R"("kind":"EngineAttribDouble","limits":{"lower":10})")
+                                          << "A/limits/upper: a number is needed";
+    QTest::newRow("step zero")
+        << oneAttribute(R"("kind":"EngineAttribDouble","limits":{"lower":0,"upper":1,"step":0})")
+        << "A/limits/step: a positive number is needed";
+    QTest::newRow("step negative")
+        << oneAttribute(R"("kind":"EngineAttribDouble","limits":{"lower":0,"upper":1,"step":-0.5})")
+        << "A/limits/step: a positive number is needed";
+    QTest::newRow("step NaN string")
+        << oneAttribute(R"("kind":"EngineAttribDouble","limits":{"lower":0,"upper":1,"step":"NaN"})")
+        << "A/limits/step: a number is needed";
+    QTest::newRow("long limit beyond 32 bits")
+        << oneAttribute(R"("kind":"EngineAttribLong","limits":{"lower":0,"upper":1e10})")
+        << "A/limits/upper: a whole number within the 32-bit range";
+    QTest::newRow("long limit fractional")
+        << oneAttribute(R"("kind":"EngineAttribValueLong","limits":{"lower":0.5,"upper":10})")
+        << "A/limits/lower: a whole number is needed";
+    QTest::newRow("long step below one")
+        << oneAttribute(R"("kind":"EngineAttribLong","limits":{"lower":0,"upper":10,"step":0.4})")
+        << "A/limits/step: a whole number is needed";
+    QTest::newRow("trace limit beyond a float")
+        << oneAttribute(R"("kind":"EngineBasicTrace","limits":{"lower":0,"upper":1e300})")
+        << "A/limits/upper: a number within the range of a float";
+
+    // Simulations.
+    QTest::newRow("simulation not an object") << oneAttribute(R"("kind":"EngineReadingLong","simulation":"walk")")
+                                              << "A/simulation: an object is needed";
+    QTest::newRow("period NaN string")
+        << oneAttribute(R"("kind":"EngineReadingLong","simulation":{"kind":"walk","period_ms":"NaN"})")
+        << "A/simulation/period_ms: a number is needed";
+    const QString period = QStringLiteral("A/simulation/period_ms: a whole number from 1 to 86400000 is needed");
+    QTest::newRow("period 1e300")
+        << oneAttribute(R"("kind":"EngineReadingLong","simulation":{"kind":"walk","period_ms":1e300})") << period;
+    QTest::newRow("period zero")
+        << oneAttribute(R"("kind":"EngineReadingLong","simulation":{"kind":"walk","period_ms":0})") << period;
+    QTest::newRow("period over a day")
+        << oneAttribute(R"("kind":"EngineReadingLong","simulation":{"kind":"walk","period_ms":86400001})") << period;
+    QTest::newRow("period fractional")
+        << oneAttribute(R"("kind":"EngineReadingLong","simulation":{"kind":"walk","period_ms":2.5})")
+        << "A/simulation/period_ms: a whole number is needed";
+    QTest::newRow("min a string")
+        << oneAttribute(R"("kind":"EngineReadingDouble","simulation":{"kind":"walk","min":"low"})")
+        << "A/simulation/min: a number is needed";
+    QTest::newRow("min above max")
+        << oneAttribute(R"("kind":"EngineReadingDouble","simulation":{"kind":"ramp","min":5,"max":1})")
+        << "A/simulation/min: above max";
+    QTest::newRow("max beyond a long")
+        << oneAttribute(R"("kind":"EngineReadingLong","simulation":{"kind":"ramp","max":1e10})")
+        << "A/simulation/max: outside the range of the kind";
+    QTest::newRow("kind not a string")
+        << oneAttribute(R"("kind":"EngineReadingLong","simulation":{"kind":1})")
+        << "A/simulation/kind: a string is needed";
+
+    // Names, which become DDS topic names.
+    QTest::newRow("attribute not an object")
+        << QByteArray(R"({"attributes":[5]})") << "attribute 1: an object is needed";
+    QTest::newRow("name not a string") << scenarioOf({R"("name":5,"kind":"EngineReadingLong")"})
+                                       << "attribute 1/name: a name is needed";
+    QTest::newRow("name empty") << scenarioOf({R"("name":"","kind":"EngineReadingLong")"})
+                                << "attribute 1/name: a name is needed";
+    QTest::newRow("name of 10 MB")
+        << scenarioOf({R"("name":")" + QByteArray(10 * 1024 * 1024, 'a') + R"(","kind":"EngineReadingLong")"})
+        << "attribute 1/name: at most 240 bytes";
+    QTest::newRow("name of 241 bytes")
+        << scenarioOf({R"("name":"Ü)" + QByteArray(239, 'a') + R"(","kind":"EngineReadingLong")"})
+        << "attribute 1/name: at most 240 bytes";
+    QTest::newRow("name with NUL") << scenarioOf({R"("name":"A\u0000B","kind":"EngineReadingLong")"})
+                                   << "attribute 1/name: no control characters";
+    QTest::newRow("name with newline")
+        << scenarioOf({R"("name":"A","kind":"EngineReadingLong")", R"("name":"B\n","kind":"EngineReadingLong")"})
+        << "attribute 2/name: no control characters";
+    QTest::newRow("name twice")
+        << scenarioOf({R"("name":"A","kind":"EngineReadingLong")", R"("name":"A","kind":"EngineAttribLong")"})
+        << "A/name: declared twice";
+
+    // Other fields of the wrong shape: none falls back to a default.
+    QTest::newRow("units a number") << oneAttribute(R"("kind":"EngineAttribDouble","units":5)")
+                                    << "A/units: a string is needed";
+    QTest::newRow("string value with NUL") << oneAttribute(R"("kind":"EngineAttribString","value":"a\u0000b")")
+                                           << "A/value: no NUL characters";
+    QTest::newRow("trace not a list") << oneAttribute(R"("kind":"EngineBasicTrace","value":5)")
+                                      << "A/value: a list is needed";
+    QTest::newRow("complex point of three")
+        << oneAttribute(R"("kind":"EngineReadingComplexTrace","value":[[1,2],[1,2,3]])") << "A/value: an [i, q] pair";
+    QTest::newRow("complex point a number")
+        << oneAttribute(R"("kind":"EngineReadingComplexTrace","value":[1,2])") << "A/value: an [i, q] pair";
+    QTest::newRow("enum not a list") << oneAttribute(R"("kind":"EngineAttribEnum","enum":{"value":0})")
+                                     << "A/enum: a list is needed";
+    QTest::newRow("enum entry not an object") << oneAttribute(R"("kind":"EngineAttribEnum","enum":[0])")
+                                              << "A/enum: an object is needed";
+    QTest::newRow("enum label a number")
+        << oneAttribute(R"("kind":"EngineAttribEnum","enum":[{"value":0,"label":0}])")
+        << "A/enum/label: a string is needed";
+    QTest::newRow("enum label with NUL")
+        << oneAttribute(R"("kind":"EngineAttribEnum","enum":[{"value":0,"label":"a\u0000"}])")
+        << "A/enum/label: no NUL characters";
+    QTest::newRow("enum enabled a string")
+        << oneAttribute(R"("kind":"EngineAttribEnum","enum":[{"value":0,"label":"Off","enabled":"no"}])")
+        << "A/enum/enabled: true or false is needed";
+    QTest::newRow("enum value twice")
+        << oneAttribute(R"("kind":"EngineAttribEnum","enum":[{"value":1,"label":"On"},{"value":1,"label":"Also on"}])")
+        << "A/enum/value: 1 is listed twice";
+    // The simulator steps a value with a list through its entries, as whole numbers.
+    QTest::newRow("enum on a double")
+        << oneAttribute(R"("kind":"EngineAttribDouble","simulation":{"kind":"walk"},)"
+                        R"("enum":[{"value":0,"label":"Off"}])")
+        << "A/enum: an EngineAttribDouble has no enumerator list";
+    QTest::newRow("meter on a double") << oneAttribute(R"("kind":"EngineReadingDouble","meter":{"flags":[1]})")
+                                       << "A/meter: an EngineReadingDouble has no meter reading";
+    QTest::newRow("meter not an object") << oneAttribute(R"("kind":"EngineReadingMeterReading","meter":[1])")
+                                         << "A/meter: an object is needed";
+    QTest::newRow("meter items not a list")
+        << oneAttribute(R"("kind":"EngineReadingMeterReading","meter":{"items":{"type":0}})")
+        << "A/meter/items: a list is needed";
+    QTest::newRow("meter item not an object")
+        << oneAttribute(R"("kind":"EngineReadingMeterReading","meter":{"items":[0]})")
+        << "A/meter/items: an object is needed";
+    QTest::newRow("meter offset a string")
+        << oneAttribute(R"("kind":"EngineReadingMeterReading","meter":{"items":[{"type":0,"offset":"-3"}]})")
+        << "A/meter/items/offset: a number is needed";
+    QTest::newRow("meter flags a number") << oneAttribute(R"("kind":"EngineReadingMeterReading","meter":{"flags":1})")
+                                          << "A/meter/flags: a list is needed";
 }
 
 void TestSimEngine::scenarioRejectsBadInput()
@@ -563,6 +729,62 @@ void TestSimEngine::scenarioRejectsBadInput()
     } catch (const std::runtime_error& error) {
         QVERIFY2(QString(error.what()).contains(complaint), error.what());
     }
+}
+
+void TestSimEngine::scenarioAcceptsValuesAtTheirBounds_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("longlong -2^63") << oneAttribute(R"("kind":"EngineAttribLongLong","value":-9223372036854775808)");
+    // The largest double below 2^63.
+    QTest::newRow("longlong 2^63-1024") << oneAttribute(R"("kind":"EngineAttribLongLong","value":9223372036854774784)");
+    QTest::newRow("long limits at 32 bits")
+        << oneAttribute(R"("kind":"EngineAttribLong","value":-2147483648,)"
+                        R"("limits":{"lower":-2147483648,"upper":2147483647,"step":1})");
+    QTest::newRow("enum values at 32 bits")
+        << oneAttribute(R"("kind":"EngineAttribEnum","value":2147483647,)"
+                        R"("enum":[{"value":-2147483648,"label":"Low"},{"value":2147483647}])");
+    QTest::newRow("equal limits, fine step")
+        << oneAttribute(R"("kind":"EngineAttribDouble","limits":{"lower":-1e300,"upper":-1e300,"step":1e-300})");
+    QTest::newRow("period of a day and of 1 ms")
+        << scenarioOf({R"("name":"A","kind":"EngineReadingLong","simulation":{"kind":"walk","period_ms":86400000})",
+                       R"("name":"B","kind":"EngineReadingLong",)"
+                       R"("simulation":{"kind":"ramp","period_ms":1,"min":5,"max":5})"});
+    QTest::newRow("name of 240 bytes")
+        << scenarioOf({R"("name":"Ü)" + QByteArray(238, 'a') + R"(","kind":"EngineReadingLong")"});
+    QTest::newRow("names that differ in case")
+        << scenarioOf({R"("name":"Span","kind":"EngineReadingLong")", R"("name":"span","kind":"EngineReadingLong")"});
+}
+
+void TestSimEngine::scenarioAcceptsValuesAtTheirBounds()
+{
+    QFETCH(QByteArray, json);
+    try {
+        QVERIFY(!SimScenario::parse(json).empty());
+    } catch (const std::runtime_error& error) {
+        QFAIL(error.what());
+    }
+}
+
+void TestSimEngine::processRefusesBadScenario()
+{
+    QTemporaryDir folder;
+    QVERIFY(folder.isValid());
+    const QString path = folder.filePath(QStringLiteral("bad.json"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(scenarioOf({R"("name":"Gain","kind":"EngineAttribDouble",)"
+                           R"("limits":{"lower":0,"upper":1,"step":"NaN"})"}));
+    file.close();
+
+    QProcess engine;
+    engine.start(SimEngineProcess::program(),
+                 {path, QStringLiteral("--parent-pid"), QString::number(QCoreApplication::applicationPid())});
+    QVERIFY2(engine.waitForFinished(10000), "the engine served a bad scenario");
+
+    const QString complaint = QString::fromUtf8(engine.readAllStandardError());
+    QCOMPARE(engine.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(engine.exitCode(), 2);
+    QVERIFY2(complaint.contains(QStringLiteral("Gain/limits/step: a number is needed")), qPrintable(complaint));
 }
 
 void TestSimEngine::processServesDemoScenario()
