@@ -1,5 +1,8 @@
 #include "BenchReport.h"
 
+#include <QByteArray>
+#include <QtGlobal>
+
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -29,4 +32,10 @@ void benchReport(const char* what, int rounds, const std::function<void()>& step
     }
     std::printf("%-28s p50 %8.1f us   p99 %8.1f us   (%d rounds)\n", what, benchPercentile(samples, 0.5),
                 benchPercentile(samples, 0.99), rounds);
+}
+
+void benchDefaultToOffscreen()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
 }

@@ -11,6 +11,9 @@
 void benchReport(const char* what, int rounds, const std::function<void()>& step,
                  const std::function<void()>& prepare = {});
 
+//! Runs on the offscreen platform unless QT_QPA_PLATFORM names another; before QApplication.
+void benchDefaultToOffscreen();
+
 //! The \a fraction percentile of \a samples (0.5 is p50); 0 for none.
 double benchPercentile(std::vector<double> samples, double fraction);
 

@@ -70,3 +70,9 @@ void benchBoundShutdown(int code)
         std::_Exit(code);
     }).detach();
 }
+
+QCommandLineOption benchWidgetsOption(int defaultCount)
+{
+    return QCommandLineOption(QStringLiteral("widgets"), QStringLiteral("Widgets, one attribute each."),
+                              QStringLiteral("count"), QString::number(defaultCount));
+}

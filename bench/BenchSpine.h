@@ -1,6 +1,10 @@
 #ifndef BENCHSPINE_H
 #define BENCHSPINE_H
 
+#include "BenchReport.h"
+
+#include <QCommandLineOption>
+
 #include <string>
 #include <vector>
 
@@ -34,6 +38,9 @@ void benchRunEvents(int ms);
 int benchShowEverywhere(SimEngine& engine, const std::vector<std::string>& names,
                         const std::vector<ProgressBar*>& widgets, int percent, int timeoutMs, int rewriteMs = 10,
                         int* rewrites = nullptr);
+
+//! The "--widgets" option: how many widgets, one attribute each.
+QCommandLineOption benchWidgetsOption(int defaultCount);
 
 //! From here the process gets ten seconds to end on its own, then ends with \a code.
 void benchBoundShutdown(int code);

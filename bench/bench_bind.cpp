@@ -27,13 +27,12 @@ double mib(long kib) { return double(kib) / 1024.0; }
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    benchDefaultToOffscreen();
     QApplication app(argc, argv);
     QCommandLineParser options;
     options.setApplicationDescription(QStringLiteral("Binding and tearing down a screen of ProgressBars"));
     options.addHelpOption();
-    const QCommandLineOption widgetsOption(QStringLiteral("widgets"), QStringLiteral("Widgets, one attribute each."),
-                                           QStringLiteral("count"), QStringLiteral("200"));
+    const QCommandLineOption widgetsOption = benchWidgetsOption(200);
     const QCommandLineOption cyclesOption(QStringLiteral("cycles"), QStringLiteral("Bind and teardown cycles."),
                                           QStringLiteral("count"), QStringLiteral("5"));
     options.addOptions({widgetsOption, cyclesOption});

@@ -14,7 +14,7 @@
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    benchDefaultToOffscreen();
     QApplication app(argc, argv);
     QWidget screen;
     screen.resize(800, 480);

@@ -97,13 +97,12 @@ struct Phase
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    benchDefaultToOffscreen();
     QApplication app(argc, argv);
     QCommandLineParser options;
     options.setApplicationDescription(QStringLiteral("A screen of bound widgets through an engine's death and hang"));
     options.addHelpOption();
-    const QCommandLineOption widgetsOption(QStringLiteral("widgets"), QStringLiteral("Widgets, one attribute each."),
-                                           QStringLiteral("count"), QStringLiteral("50"));
+    const QCommandLineOption widgetsOption = benchWidgetsOption(50);
     options.addOption(widgetsOption);
     options.process(app);
     const int count = std::max(1, options.value(widgetsOption).toInt());

@@ -38,13 +38,12 @@ int staleCount(const std::vector<ProgressBar*>& widgets, const std::vector<int>&
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    benchDefaultToOffscreen();
     QApplication app(argc, argv);
     QCommandLineParser options;
     options.setApplicationDescription(QStringLiteral("Many bound ProgressBars following attributes at 10 Hz"));
     options.addHelpOption();
-    const QCommandLineOption widgetsOption(QStringLiteral("widgets"), QStringLiteral("Widgets, one attribute each."),
-                                           QStringLiteral("count"), QStringLiteral("200"));
+    const QCommandLineOption widgetsOption = benchWidgetsOption(200);
     const QCommandLineOption secondsOption(QStringLiteral("seconds"), QStringLiteral("Length of the writes."),
                                            QStringLiteral("seconds"), QStringLiteral("10"));
     const QCommandLineOption hertzOption(QStringLiteral("hertz"), QStringLiteral("Changes per attribute and second."),

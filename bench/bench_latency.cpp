@@ -365,7 +365,7 @@ void run(const char* engine, const std::string& topic, const std::function<void(
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    benchDefaultToOffscreen();
     QApplication app(argc, argv);
     QCommandLineParser options;
     options.setApplicationDescription(QStringLiteral("Sample-to-screen latency of a bound ProgressBar"));

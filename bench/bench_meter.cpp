@@ -109,7 +109,7 @@ void feedAndMeasure(const char* what, SimEngine& engine, const std::vector<std::
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    benchDefaultToOffscreen();
     QApplication app(argc, argv);
     SimEngine engine;
 

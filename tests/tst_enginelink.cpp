@@ -40,10 +40,13 @@ bool veiled(QWidget* widget)
     return !overlay->isHidden() && overlay->text() == QStringLiteral("No engine link");
 }
 
-// A screen as a form would make it: two bars on one reading and a toggle.
+// A screen as a form would make it, two bars on one reading and a toggle,
+// handed to a binder of the engine at \a reference.
 struct Screen
 {
-    Screen()
+    explicit Screen(const QString& reference)
+        : binder(reference)
+        , bound(&binder, &EngineBinder::bound)
     {
         widget.setObjectName(QStringLiteral("LinkScreen"));
         widget.resize(320, 200);
@@ -59,6 +62,8 @@ struct Screen
         toggle = new ToggleButtonImpl;
         toggle->setAttributeName(QStringLiteral("Power"));
         layout->addWidget(toggle);
+        binder.setRetryInterval(100);
+        binder.addScreen(&widget);
     }
     QList<WidgetBaseImpl*> all() const { return {bars[0], bars[1], toggle}; }
     bool allVeiled() const
@@ -74,6 +79,8 @@ struct Screen
     QWidget widget;
     ProgressBar* bars[2] = {};
     ToggleButtonImpl* toggle = nullptr;
+    EngineBinder binder;
+    QSignalSpy bound;
 };
 
 int countOf(const QSignalSpy& spy, const QString& prefix)
@@ -153,13 +160,9 @@ void TestEngineLink::binderFollowsAnEngineThatDiesAndComesBack()
 {
     SimEngineProcess engine;
     QVERIFY(startEngine(engine));
-    Screen screen;
-    EngineBinder binder(engine.iorFile());
-    binder.setRetryInterval(100);
-    QSignalSpy bound(&binder, &EngineBinder::bound);
-    binder.addScreen(&screen.widget);
-    QTRY_COMPARE_WITH_TIMEOUT(bound.count(), 1, 10000);
-    QCOMPARE(bound.first().first().toInt(), 3);
+    Screen screen(engine.iorFile());
+    QTRY_COMPARE_WITH_TIMEOUT(screen.bound.count(), 1, 10000);
+    QCOMPARE(screen.bound.first().first().toInt(), 3);
     QVERIFY(screen.allShow(25));
     QCOMPARE(screen.toggle->getState(), QStringLiteral("On"));
 
@@ -180,7 +183,7 @@ void TestEngineLink::binderFollowsAnEngineThatDiesAndComesBack()
     // A new engine on the same reference: every widget follows it.
     QVERIFY(engine.restart());
     SimEngineControl::Control_var control = engine.control();
-    QTRY_COMPARE_WITH_TIMEOUT(bound.count(), 2, 10000);
+    QTRY_COMPARE_WITH_TIMEOUT(screen.bound.count(), 2, 10000);
     QTRY_VERIFY(screen.allShow(25));
     control->setLong("Stage", 60);
     QTRY_VERIFY_WITH_TIMEOUT(screen.allShow(60), 5000);
@@ -197,17 +200,15 @@ void TestEngineLink::binderFollowsAnEngineThatHangsAndGoesOn()
     SimEngineProcess engine;
     QVERIFY(startEngine(engine));
     SimEngineControl::Control_var control = engine.control();
-    Screen screen;
-    EngineBinder binder(engine.iorFile());
-    binder.setRetryInterval(100);
-    QSignalSpy bound(&binder, &EngineBinder::bound);
-    binder.addScreen(&screen.widget);
-    QTRY_COMPARE_WITH_TIMEOUT(bound.count(), 1, 10000);
+    Screen screen(engine.iorFile());
+    QTRY_COMPARE_WITH_TIMEOUT(screen.bound.count(), 1, 10000);
+    control->setLong("Stage", 30);
+    QTRY_VERIFY_WITH_TIMEOUT(screen.allShow(30), 5000);
 
     engine.pause();
     QTRY_VERIFY_WITH_TIMEOUT(screen.allVeiled(), 5000);
     engine.resume();
-    QTRY_COMPARE_WITH_TIMEOUT(bound.count(), 2, 10000);
+    QTRY_COMPARE_WITH_TIMEOUT(screen.bound.count(), 2, 10000);
     control->setLong("Stage", 80);
     QTRY_VERIFY_WITH_TIMEOUT(screen.allShow(80), 5000);
 }
@@ -217,22 +218,17 @@ void TestEngineLink::bindingAHungEngineLeavesTheInterfaceFree()
     SimEngineProcess engine;
     QVERIFY(startEngine(engine));
     engine.pause();
-    Screen screen;
     int ticks = 0;
     QTimer heartbeat;
     connect(&heartbeat, &QTimer::timeout, this, [&ticks] { ++ticks; });
     heartbeat.start(20);
-
-    EngineBinder binder(engine.iorFile());
-    binder.setRetryInterval(100);
-    QSignalSpy bound(&binder, &EngineBinder::bound);
-    binder.addScreen(&screen.widget);
+    Screen screen(engine.iorFile());
     // The look-up waits for the hung engine on a worker: the interface
     // thread goes on serving events meanwhile, and the widgets that could
     // not be bound show it.
     QTRY_VERIFY_WITH_TIMEOUT(screen.allVeiled(), 5000);
     QVERIFY2(ticks >= 10, qPrintable(QStringLiteral("%1 ticks").arg(ticks)));
-    QCOMPARE(bound.count(), 0);
+    QCOMPARE(screen.bound.count(), 0);
     for (WidgetBaseImpl* widget : screen.all())
         QVERIFY(widget->isBindingAttempted());
 
@@ -242,7 +238,7 @@ void TestEngineLink::bindingAHungEngineLeavesTheInterfaceFree()
     QCOMPARE(screen.toggle->getState(), before);
 
     engine.resume();
-    QTRY_COMPARE_WITH_TIMEOUT(bound.count(), 1, 10000);
+    QTRY_COMPARE_WITH_TIMEOUT(screen.bound.count(), 1, 10000);
     QTRY_VERIFY(screen.allShow(25));
 }
 

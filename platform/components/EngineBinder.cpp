@@ -181,11 +181,19 @@ void EngineBinder::finishAttempt(const std::shared_ptr<EngineBinderAttempt>& res
 
 void EngineBinder::bindAll(EngineBinderAttempt& result)
 {
+    // The engine has just answered the look-up.
+    EngineLink::instance()->reportLive();
     int boundWidgets = 0;
     for (EngineBinderAttempt::Binding& binding : result.bindings) {
         WidgetBaseImpl* widget = binding.widget;
         if (!widget)
             continue;
+        // A widget's own call found the engine gone (its failures stay
+        // inside it): nothing more is asked of the engine in this pass.
+        if (EngineLink::instance()->isLost()) {
+            showLoss(result, QStringLiteral("lost while binding"));
+            return;
+        }
         if (widget->isBindingAttempted())
             widget->releaseBinding();
         else
@@ -220,7 +228,6 @@ void EngineBinder::bindAll(EngineBinderAttempt& result)
     }
     m_bound = true;
     m_retry->stop();
-    EngineLink::instance()->reportLive();
     emit bound(boundWidgets);
 }
 

@@ -3,6 +3,7 @@
 #include "DDS_ParticipantHolder.h"
 
 #include <condition_variable>
+#include <cstdlib>
 #include <deque>
 #include <mutex>
 #include <thread>
@@ -28,6 +29,10 @@ public:
     void dispose(DDS_BaseObj* object)
     {
         std::lock_guard<std::mutex> lock(m_mutex);
+        // Past the drain at exit Fast DDS may already be gone: the process
+        // ends, and the object with it.
+        if (m_exiting)
+            return;
         m_queue.push_back(object);
         m_wake.notify_all();
     }
@@ -42,6 +47,16 @@ private:
     DisposalThread()
     {
         std::thread([this] { run(); }).detach();
+        // Made after the participant, so this runs before Fast DDS's own
+        // teardown at exit, which must not meet a deletion under way.
+        std::atexit([] { instance().drainAtExit(); });
+    }
+
+    void drainAtExit()
+    {
+        waitUntilEmpty();
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_exiting = true;
     }
 
     void run()
@@ -67,6 +82,7 @@ private:
     std::condition_variable m_idle;
     std::deque<DDS_BaseObj*> m_queue;
     bool m_deleting = false;
+    bool m_exiting = false;
 };
 
 } // namespace

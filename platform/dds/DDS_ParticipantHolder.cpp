@@ -48,6 +48,11 @@ DomainParticipantQos localParticipantQos()
     qos.wire_protocol().builtin.initialPeersList.push_back(loopback);
     qos.wire_protocol().builtin.metatrafficUnicastLocatorList.push_back(loopback);
     qos.wire_protocol().default_unicast_locator_list.push_back(loopback);
+    // A process that died or hangs before any of its writers said it was
+    // alive is dropped within seconds, not the default twenty.
+    qos.wire_protocol().builtin.discovery_config.leaseDuration = eprosima::fastrtps::Duration_t(3, 0);
+    qos.wire_protocol().builtin.discovery_config.leaseDuration_announcementperiod =
+        eprosima::fastrtps::Duration_t(1, 0);
     return qos;
 }
 
