@@ -1,6 +1,7 @@
 #include "ProgressBar.h"
 
 #include "CSS.h"
+#include "DisplayFrame.h"
 #include "QRVUtil.h"
 
 #include <Brenmoor.hh>
@@ -74,11 +75,9 @@ void ProgressBar::setMaximum(int maximum) { m_bar->setMaximum(maximum); }
 void ProgressBar::updateProgress(int percent)
 {
     // Outside the range QProgressBar keeps its value: 101 percent changes nothing.
-    // QProgressBar repaints at once; the next paint of the screen shows the
-    // value instead, so a DDS thread waiting for this slot never waits for a paint.
-    m_bar->setUpdatesEnabled(false);
-    m_bar->setValue(percent * 10);
-    m_bar->setUpdatesEnabled(true);
+    // Painted at the display's next frame: a DDS thread waiting for this
+    // slot never waits for a paint, and a screen of bars paints in one pass.
+    DisplayFrame::instance()->change(m_bar, [this, percent] { m_bar->setValue(percent * 10); });
 }
 
 void ProgressBar::mouseReleaseEvent(QMouseEvent*) {}
