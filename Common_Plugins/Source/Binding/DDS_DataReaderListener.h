@@ -31,8 +31,10 @@ public:
     void on_liveliness_changed(eprosima::fastdds::dds::DataReader*,
                                const eprosima::fastdds::dds::LivelinessChangedStatus& status) override
     {
-        // Every writer gone quiet: the engine died, hangs or ended.
-        if (status.alive_count == 0 && status.alive_count_change < 0)
+        // A writer stopped saying it is alive: its process died or hangs.
+        // Fast DDS's alive count is not to be trusted for this: a reader
+        // made while the writer was already alive never counts it.
+        if (status.not_alive_count_change > 0)
             if (auto* subscription = m_subscription.load())
                 subscription->writersLost();
     }
