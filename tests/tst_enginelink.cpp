@@ -193,6 +193,12 @@ void TestEngineLink::binderFollowsAnEngineThatDiesAndComesBack()
     // Sends go to the new engine.
     screen.toggle->pressedEvent();
     QTRY_COMPARE_WITH_TIMEOUT(screen.toggle->getState(), QStringLiteral("Off"), 5000);
+
+    // The readers of the new binding watch the new engine too: a hang shows
+    // by its liveliness (about a second), long before discovery would drop it.
+    engine.pause();
+    QTRY_VERIFY_WITH_TIMEOUT(screen.allVeiled(), 2500);
+    engine.resume();
 }
 
 void TestEngineLink::binderFollowsAnEngineThatHangsAndGoesOn()

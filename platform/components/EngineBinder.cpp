@@ -38,6 +38,9 @@ struct EngineBinderAttempt
 namespace {
 
 constexpr int defaultRetryMs = 500;
+constexpr int watchMs = 250;
+// An engine that takes longer than this to say it is there is taken as hung.
+constexpr int watchTimeoutMs = 500;
 
 QString engineReferenceText(const QString& reference)
 {
@@ -75,6 +78,24 @@ void lookUp(EngineBinderAttempt& attempt, const QString& reference)
     }
 }
 
+// On a worker: the reason the engine does not answer, or an empty string.
+QString askIfThere(const QString& reference)
+{
+    const QString text = engineReferenceText(reference);
+    if (text.isEmpty())
+        return QStringLiteral("no engine reference in \"%1\"").arg(reference);
+    try {
+        CORBA::Object_var object = ORB_Wrapper::objectFromString(text.toStdString());
+        omniORB::setClientCallTimeout(object, watchTimeoutMs);
+        if (object->_non_existent())
+            return QStringLiteral("CORBA::OBJECT_NOT_EXIST");
+    } catch (const CORBA::Exception& error) {
+        if (const char* reason = EngineLink::lossReason(error))
+            return QString::fromLatin1(reason);
+    }
+    return QString();
+}
+
 void applySizeWord(QWidget* widget)
 {
     const QString size = widget->property("sizeWord").toString();
@@ -104,9 +125,12 @@ EngineBinder::EngineBinder(const QString& engineReference, QObject* parent)
     : QObject(parent)
     , m_reference(engineReference)
     , m_retry(new QTimer(this))
+    , m_watch(new QTimer(this))
 {
     m_retry->setInterval(defaultRetryMs);
     connect(m_retry, &QTimer::timeout, this, &EngineBinder::attempt);
+    m_watch->setInterval(watchMs);
+    connect(m_watch, &QTimer::timeout, this, &EngineBinder::watch);
     connect(EngineLink::instance(), &EngineLink::lost, this, &EngineBinder::engineLost);
 }
 
@@ -120,6 +144,7 @@ void EngineBinder::addScreen(QWidget* screen)
 }
 
 int EngineBinder::retryInterval() const { return m_retry->interval(); }
+int EngineBinder::watchInterval() const { return m_watch->interval(); }
 void EngineBinder::setRetryInterval(int milliseconds) { m_retry->setInterval(milliseconds); }
 bool EngineBinder::isBound() const { return m_bound; }
 
@@ -228,12 +253,14 @@ void EngineBinder::bindAll(EngineBinderAttempt& result)
     }
     m_bound = true;
     m_retry->stop();
+    m_watch->start();
     emit bound(boundWidgets);
 }
 
 void EngineBinder::showLoss(const EngineBinderAttempt& result, const QString& reason)
 {
     m_bound = false;
+    m_watch->stop();
     EngineLink::instance()->reportLost(reason);
     // Widgets the pass did not reach show the loss too: none acts on its own.
     for (const EngineBinderAttempt::Binding& binding : result.bindings)
@@ -245,6 +272,27 @@ void EngineBinder::showLoss(const EngineBinderAttempt& result, const QString& re
 void EngineBinder::engineLost()
 {
     m_bound = false;
+    m_watch->stop();
     if (!m_retry->isActive())
         m_retry->start();
+}
+
+void EngineBinder::watch()
+{
+    if (m_watchRunning)
+        return;
+    m_watchRunning = true;
+    QPointer<EngineBinder> self(this);
+    QtConcurrent::run([self, reference = m_reference] {
+        const QString reason = askIfThere(reference);
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [self, reason] {
+                if (!self)
+                    return;
+                self->m_watchRunning = false;
+                if (!reason.isEmpty() && self->m_bound)
+                    EngineLink::instance()->reportLost(reason);
+            },
+            Qt::QueuedConnection);
+    });
 }

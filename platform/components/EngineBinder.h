@@ -25,9 +25,13 @@ struct EngineBinderAttempt;
   interface time; the widgets are then bound on the interface thread, and
   an engine that dies under that pass ends it at its first failed call.
 
-  While the engine is lost (EngineLink) the binder asks for it again every
-  retryInterval() milliseconds; when it answers, every widget is bound
-  anew, which lifts the veils, and the status bar says so once.
+  While the widgets are bound, a worker asks the engine every
+  watchInterval() milliseconds whether it is there, with a short time-out
+  of its own, so that a dead or hung engine is seen within a second
+  whatever the engine's topics say. While the engine is lost (EngineLink)
+  the binder asks for it again every retryInterval() milliseconds; when it
+  answers, every widget is bound anew, which lifts the veils, and the
+  status bar says so once.
 
   Form conventions read here: "moreAttributes" (further attributes of a
   multi-column table, each heading its own column), "sizeWord" (the size
@@ -47,6 +51,7 @@ public:
 
     int retryInterval() const;
     void setRetryInterval(int milliseconds);
+    int watchInterval() const;
 
     //! True while the widgets are bound to a live engine.
     bool isBound() const;
@@ -64,11 +69,14 @@ private:
     void bindAll(EngineBinderAttempt& result);
     void showLoss(const EngineBinderAttempt& result, const QString& reason);
     void engineLost();
+    void watch();
 
     QString m_reference;
     QList<QPointer<QWidget>> m_screens;
     QTimer* m_retry = nullptr;
+    QTimer* m_watch = nullptr;
     bool m_attemptRunning = false;
+    bool m_watchRunning = false;
     bool m_attemptAgain = false;
     bool m_bound = false;
 };
