@@ -17,6 +17,7 @@
 
 #include <QHeaderView>
 #include <QSignalSpy>
+#include <QPushButton>
 #include <QStandardItemModel>
 #include <QtTest>
 
@@ -74,6 +75,7 @@ private slots:
     void refusedSendIsRetriedOnce_data();
     void refusedSendIsRetriedOnce();
     void transportFailureIsNotRetried();
+    void enumTableFollowsNoLock();
     void paramsSampleRefetchesTheList();
     void splitLabelsFillColumns();
     void columnWidthsArePercentagesOfTheView();
@@ -217,6 +219,20 @@ void TestTables::transportFailureIsNotRetried()
     QVERIFY(table.isEngineLinkLost());
     touchRow(table, 2);
     QCOMPARE(m_engine->setCount("Mode"), before + 1);
+}
+
+void TestTables::enumTableFollowsNoLock()
+{
+    // Its rows are its whole face: a lock by another leaves them to touch.
+    m_engine->lock("Mode", Brenmoor::LockerID{1, 2});
+    TableEnum table;
+    table.resize(300, 200);
+    bind(table, "Mode");
+    QTest::qWait(100);
+    const auto* overlay = table.findChild<QPushButton*>(QStringLiteral("LockOverlay"));
+    QVERIFY(overlay->isHidden());
+    QVERIFY(table.isBindingAttempted());
+    m_engine->unlock("Mode");
 }
 
 void TestTables::paramsSampleRefetchesTheList()

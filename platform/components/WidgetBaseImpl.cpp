@@ -113,14 +113,11 @@ void WidgetBaseImpl::resizeEvent(QResizeEvent* event)
 
 void WidgetBaseImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
-    setDesktop(GlobalImpl::getInstance()->desktop());
-    noteBindingAttempt(attr);
+    takeAttribute(attr);
+    if (CORBA::is_nil(attr))
+        return;
     {
         QMutexLocker lock(&m_attributeMutex);
-        releaseAttribute();
-        m_attribute = attr;
-        if (CORBA::is_nil(attr))
-            return;
         m_settableAttribute = Brenmoor::EngineAttribBase::_narrow(attr);
     }
     if (CORBA::is_nil(m_settableAttribute))
@@ -130,6 +127,15 @@ void WidgetBaseImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     // Through the signal, like every later lock event, so that a widget
     // that shows the lock its own way gets this one too.
     emit SetLocked(!m_settableAttribute->isWritableBy(GlobalImpl::getLockerID()));
+}
+
+void WidgetBaseImpl::takeAttribute(Brenmoor::EngineReadingBase_ptr attr)
+{
+    setDesktop(GlobalImpl::getInstance()->desktop());
+    noteBindingAttempt(attr);
+    QMutexLocker lock(&m_attributeMutex);
+    releaseAttribute();
+    m_attribute = attr;
 }
 
 void WidgetBaseImpl::noteBindingAttempt(Brenmoor::EngineReadingBase_ptr attr)

@@ -172,6 +172,12 @@ protected:
     //! A Control touch: flips the debug switch, says so, and emits suppressDebug().
     void flipDebugSwitch();
     /*!
+      The frame's binding without the lock: remembers the desktop, takes
+      ownership of \a attr in place of the earlier one, and notes the
+      attempt. For widgets that show no lock of their attribute.
+    */
+    void takeAttribute(Brenmoor::EngineReadingBase_ptr attr);
+    /*!
       Every binding starts here (the frame's bindAttribute calls it): the
       widget is a bound one from now on, and a binding to a live engine
       lifts the veil of a lost one.

@@ -4,6 +4,8 @@
 
 #include <Brenmoor.hh>
 
+#include <QDebug>
+
 #include <QHeaderView>
 #include <QPainter>
 #include <QStandardItemModel>
@@ -107,7 +109,8 @@ void TableEnum::paintEvent(QPaintEvent*)
 
 void TableEnum::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
-    WidgetBaseImpl::bindAttribute(attr);
+    // The rows are the table's whole face: it follows no lock of the attribute.
+    takeAttribute(attr);
     if (CORBA::is_nil(attr))
         return;
     if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")},
@@ -115,8 +118,10 @@ void TableEnum::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
             .isEmpty())
         return;
     Brenmoor::EngineAttribEnum_var enumeration = Brenmoor::EngineAttribEnum::_narrow(attr);
-    if (CORBA::is_nil(enumeration))
+    if (CORBA::is_nil(enumeration)) {
+        qDebug() << "Failed to narrow ::Brenmoor::EngineAttribEnum";
         return;
+    }
     requestCorbaList();
     CORBA::String_var topic = attr->topic();
     CORBA::String_var paramsTopic = enumeration->paramsTopic();
