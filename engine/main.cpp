@@ -83,8 +83,9 @@ int serve(const Options& options, const sigset_t& stopSignals)
 
     int received = 0;
     sigwait(&stopSignals, &received);
-    QFile::remove(options.iorFile);
-    QFile::remove(options.controlIorFile);
+    for (const QString& path : {options.iorFile, options.controlIorFile})
+        if (!path.isEmpty())
+            QFile::remove(path);
     return 0;
 }
 
