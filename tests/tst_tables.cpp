@@ -2,6 +2,7 @@
 // samples, touches, the one retry, lists that change), and the two styled
 // tables on their own.
 #include "BoundedExit.h"
+#include "ColumnShares.h"
 #include "GlobalImpl.h"
 #include "HorizontalScrollBarImpl.h"
 #include "QRVStatusBar.h"
@@ -15,12 +16,14 @@
 
 #include <Brenmoor.hh>
 
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QSignalSpy>
 #include <QPushButton>
 #include <QStandardItemModel>
 #include <QtTest>
 
+using Kelvane::gui::ColumnShares;
 using Kelvane::gui::ScrollBarImpl;
 using Kelvane::gui::TableEnum;
 using Kelvane::gui::TableEnumMulti;
@@ -52,6 +55,33 @@ QString cellText(QWidget& table, int row, int column)
     return viewOf(table)->model()->index(row, column).data().toString();
 }
 
+// How far the columns reach into the viewport, whose width is what the scroll bar leaves.
+int columnsRightEdge(const QTableView* view)
+{
+    const int last = view->model()->columnCount() - 1;
+    return view->columnViewportPosition(last) + view->columnWidth(last);
+}
+
+// The texts a view cannot show whole: headers narrower than Qt's hint for
+// them, cells narrower than the text plus the margins the item delegate keeps.
+QStringList cutTexts(const QTableView* view)
+{
+    QStringList cut;
+    const QAbstractItemModel* model = view->model();
+    const QFontMetrics metrics(view->font());
+    const int margin = view->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
+    for (int c = 0; c < model->columnCount(); ++c) {
+        if (view->horizontalHeader()->sectionSizeHint(c) > view->columnWidth(c))
+            cut << model->headerData(c, Qt::Horizontal).toString();
+        for (int r = 0; r < model->rowCount(); ++r) {
+            const QString text = model->index(r, c).data().toString();
+            if (metrics.horizontalAdvance(text) + 2 * margin > view->columnWidth(c))
+                cut << text;
+        }
+    }
+    return cut;
+}
+
 void touchRow(QWidget& table, int row)
 {
     TableViewImpl* view = viewOf(table);
@@ -78,7 +108,14 @@ private slots:
     void enumTableFollowsNoLock();
     void paramsSampleRefetchesTheList();
     void splitLabelsFillColumns();
-    void columnWidthsArePercentagesOfTheView();
+    void columnWidthsArePercentagesOfTheRoomLeftOfTheScrollBar();
+    void sharedWidths_data();
+    void sharedWidths();
+    void screenRowColumnsEndLeftOfTheScrollBar_data() { screenRow_data(); }
+    void screenRowColumnsEndLeftOfTheScrollBar();
+    void screenRowShowsEveryTextWhole_data() { screenRow_data(); }
+    void screenRowShowsEveryTextWhole();
+    void wideTableScrollsSideways();
     void multiColumnsStayRowAligned();
     void multiParamsSampleRefillsItsColumn();
     void tablesAreSmallAndNamed();
@@ -90,6 +127,10 @@ private slots:
     void looks();
 
 private:
+    struct ScreenRow;
+    static void screenRow_data();
+    std::unique_ptr<ScreenRow> screenRow(const QString& size);
+
     template<class Table>
     void bind(Table& table, const char* name)
     {
@@ -262,15 +303,177 @@ void TestTables::splitLabelsFillColumns()
     QCOMPARE(selectedRow(table), 1);
 }
 
-void TestTables::columnWidthsArePercentagesOfTheView()
+void TestTables::columnWidthsArePercentagesOfTheRoomLeftOfTheScrollBar()
 {
     TableEnum table;
     table.setColumnHeading(QStringLiteral("Name,Value"));
-    viewOf(table)->resize(200, 100);
+    table.resize(300, 200);
+    table.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&table));
+    TableViewImpl* view = viewOf(table);
     table.setColumnWidths(QStringLiteral("30,70"));
-    QCOMPARE(viewOf(table)->columnWidth(0), 60);
-    QCOMPARE(viewOf(table)->columnWidth(1), 140);
+    const int room = view->viewport()->width();
+    QVERIFY(view->viewport()->geometry().right() < view->verticalScrollBar()->mapTo(view, QPoint()).x());
+    QCOMPARE(view->columnWidth(0), int(room * 0.3));
+    QCOMPARE(view->columnWidth(1), int(room * 0.7));
+    QVERIFY(columnsRightEdge(view) <= room);
     QCOMPARE(table.getColumnWidths(), QStringLiteral("30,70"));
+
+    // The shares follow the table's size.
+    table.resize(400, 200);
+    QTRY_COMPARE(view->columnWidth(1), int(view->viewport()->width() * 0.7));
+}
+
+void TestTables::sharedWidths_data()
+{
+    QTest::addColumn<int>("room");
+    QTest::addColumn<QVector<double>>("shares");
+    QTest::addColumn<QVector<int>>("needs");
+    QTest::addColumn<QVector<int>>("widths");
+    QTest::newRow("texts fit their shares") << 200 << QVector<double>{30, 70} << QVector<int>{20, 20} << QVector<int>{60, 140};
+    QTest::newRow("no shares: even") << 200 << QVector<double>{} << QVector<int>{10, 10, 10} << QVector<int>{66, 66, 66};
+    QTest::newRow("short column takes from one with room")
+        << 200 << QVector<double>{50, 50} << QVector<int>{130, 20} << QVector<int>{130, 70};
+    QTest::newRow("room no column was given goes first")
+        << 200 << QVector<double>{30, 30} << QVector<int>{100, 20} << QVector<int>{100, 60};
+    QTest::newRow("spare room given in proportion")
+        << 300 << QVector<double>{} << QVector<int>{200, 10, 40} << QVector<int>{200, 40, 60};
+    QTest::newRow("no room: the shares stand")
+        << 200 << QVector<double>{50, 50} << QVector<int>{150, 100} << QVector<int>{100, 100};
+    QTest::newRow("column past the shares gets its texts' width")
+        << 200 << QVector<double>{100} << QVector<int>{50, 40} << QVector<int>{160, 40};
+    QTest::newRow("no columns") << 100 << QVector<double>{} << QVector<int>{} << QVector<int>{};
+    QTest::newRow("no room at all") << 0 << QVector<double>{} << QVector<int>{10, 10} << QVector<int>{0, 0};
+}
+
+void TestTables::sharedWidths()
+{
+    QFETCH(int, room);
+    QFETCH(QVector<double>, shares);
+    QFETCH(QVector<int>, needs);
+    QFETCH(QVector<int>, widths);
+    QCOMPARE(ColumnShares::sharedWidths(room, shares, needs), widths);
+}
+
+void TestTables::screenRow_data()
+{
+    QTest::addColumn<QString>("size");
+    QTest::newRow("Max") << QStringLiteral("Max");
+    QTest::newRow("Min") << QStringLiteral("Min");
+}
+
+// The three tables side by side on an 800-pixel screen, as on the demo's.
+struct TestTables::ScreenRow
+{
+    QWidget screen;
+    TableEnum* span = new TableEnum;
+    TableEnumMulti* detector = new TableEnumMulti;
+    TableImpl* markers = new TableImpl;
+    QList<QTableView*> views;
+
+    QString cutAnywhere() const
+    {
+        QStringList cut;
+        for (const QTableView* view : views)
+            cut << cutTexts(view);
+        return cut.join(QLatin1String(" | "));
+    }
+};
+
+std::unique_ptr<TestTables::ScreenRow> TestTables::screenRow(const QString& size)
+{
+    m_engine->setEnumEntries("Mode", entries({{1, "10 kHz,100 Hz"}, {2, "1 MHz,10 kHz"}, {3, "100 MHz,1 MHz"}, {4, "Full,3 MHz"}}));
+    m_engine->setValue("Mode", std::int64_t(2));
+    m_engine->setEnumEntries("Filter", entries({{0, "Off"}, {1, "4 sweeps"}, {2, "16 sweeps"}, {3, "64 sweeps"}}));
+    m_engine->setValue("Filter", std::int64_t(1));
+
+    auto row = std::make_unique<ScreenRow>();
+    row->screen.setObjectName(QStringLiteral("screen"));
+    row->screen.setStyleSheet(QStringLiteral("QWidget#screen { background-color: #101418; }"));
+    auto* layout = new QHBoxLayout(&row->screen);
+    layout->setSpacing(10);
+    row->span->setSplitByCSV(true);
+    row->span->setColumnHeading(QStringLiteral("Span,Resolution"));
+    row->span->setColumnWidths(QStringLiteral("50,50"));
+    row->detector->setColumnHeading(QStringLiteral("Detector"));
+    row->markers->setColumnCount(2);
+    row->markers->setRowCount(3);
+    row->markers->setHorizontalHeaderLabels({QStringLiteral("Marker"), QStringLiteral("Level")});
+    for (int r = 0; r < 3; ++r) {
+        row->markers->setItem(r, 0, new QTableWidgetItem(QStringLiteral("M%1").arg(r + 1)));
+        row->markers->setItem(r, 1, new QTableWidgetItem(QStringLiteral("-%1.4 dBm").arg(21 + 16 * r)));
+    }
+    layout->addWidget(row->span);
+    layout->addWidget(row->detector);
+    layout->addWidget(row->markers);
+    row->screen.resize(800, 380);
+    row->screen.show();
+    if (!QTest::qWaitForWindowExposed(&row->screen))
+        return nullptr;
+    bind(*row->span, "Mode");
+    bind(*row->detector, "Detector");
+    bind(*row->detector, "Filter");
+    row->detector->setColumnHeading(QStringLiteral("Averaging"), 1);
+    viewOf(*row->span)->changeSize(size);
+    viewOf(*row->detector)->changeSize(size);
+    row->markers->changeSize(size);
+    row->views = {viewOf(*row->span), viewOf(*row->detector), row->markers};
+    // Bound, sized and refitted.
+    QTest::qWait(100);
+    return row;
+}
+
+void TestTables::screenRowColumnsEndLeftOfTheScrollBar()
+{
+    QFETCH(QString, size);
+    const std::unique_ptr<ScreenRow> row = screenRow(size);
+    QVERIFY(row);
+    for (const QTableView* view : qAsConst(row->views)) {
+        // Shared out, the room is filled but for what the rounding leaves.
+        QVERIFY(columnsRightEdge(view) >= view->viewport()->width() - view->model()->columnCount());
+        QVERIFY2(columnsRightEdge(view) <= view->viewport()->width(),
+                 qPrintable(QStringLiteral("%1: columns end at %2, the scroll bar starts at %3")
+                                .arg(QLatin1String((qobject_cast<const TableViewImpl*>(view) ? view->parentWidget() : view)->metaObject()->className()))
+                                .arg(columnsRightEdge(view))
+                                .arg(view->viewport()->width())));
+    }
+}
+
+void TestTables::screenRowShowsEveryTextWhole()
+{
+    QFETCH(QString, size);
+    const std::unique_ptr<ScreenRow> row = screenRow(size);
+    QVERIFY(row);
+    QTRY_COMPARE(row->cutAnywhere(), QString());
+    TestSupport::savePng(&row->screen, QStringLiteral("tables_row_") + size.toLower());
+
+    // A longer list refits the table that shows it.
+    m_engine->setEnumEntries("Filter", entries({{0, "Off"}, {1, "4 sweeps"}, {2, "256 sweeps"}}));
+    QTRY_COMPARE(cellText(*row->detector, 2, 1), QStringLiteral("256 sweeps"));
+    QTRY_COMPARE(row->cutAnywhere(), QString());
+    QVERIFY(columnsRightEdge(viewOf(*row->detector)) <= viewOf(*row->detector)->viewport()->width());
+}
+
+void TestTables::wideTableScrollsSideways()
+{
+    QWidget screen;
+    screen.setObjectName(QStringLiteral("screen"));
+    screen.setStyleSheet(QStringLiteral("QWidget#screen { background-color: #101418; }"));
+    screen.resize(320, 220);
+    TableImpl& table = *new TableImpl(&screen);
+    table.setColumnCount(6);
+    table.setRowCount(2);
+    for (int c = 0; c < 6; ++c) {
+        table.setHorizontalHeaderItem(c, new QTableWidgetItem(QStringLiteral("Trace %1").arg(c + 1)));
+        for (int r = 0; r < 2; ++r)
+            table.setItem(r, c, new QTableWidgetItem(QStringLiteral("-10%1.5 dBm").arg(c)));
+    }
+    table.setGeometry(10, 10, 300, 200);
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&screen));
+    QTRY_COMPARE(cutTexts(&table).join(QLatin1String(" | ")), QString());
+    QTRY_VERIFY(table.horizontalScrollBar()->maximum() > 0);
+    TestSupport::savePng(&screen, QStringLiteral("tables_wide"));
 }
 
 void TestTables::multiColumnsStayRowAligned()

@@ -10,6 +10,7 @@
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace Kelvane {
@@ -24,10 +25,20 @@ EnumTableBase::EnumTableBase(QWidget* parent)
     view->setModel(model);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    view->setColumnShares({});
     qRegisterMetaType<QItemSelection>("QItemSelection");
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(view);
-    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+    // Preferred across: a screen with room gives the texts their width, a tight one may squeeze them.
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    connect(view, &TableViewImpl::wholeTextsWidthChanged, this, [this] { updateGeometry(); });
+}
+
+QSize EnumTableBase::sizeHint() const
+{
+    const QSize hint = WidgetBaseImpl::sizeHint();
+    const QMargins margins = layout()->contentsMargins();
+    return QSize(std::max(hint.width(), view->wholeTextsWidth() + margins.left() + margins.right()), hint.height());
 }
 
 void EnumTableBase::mouseReleaseEvent(QMouseEvent*) {}

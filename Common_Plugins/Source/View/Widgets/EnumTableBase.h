@@ -27,6 +27,9 @@ class EnumTableBase : public WidgetBaseImpl
 public:
     explicit EnumTableBase(QWidget* parent = nullptr);
 
+    //! Wide enough for every text of every column beside the scroll bar; a tight layout may give less.
+    QSize sizeHint() const override;
+
 protected:
     enum class SendOutcome
     {

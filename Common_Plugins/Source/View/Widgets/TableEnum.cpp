@@ -5,8 +5,6 @@
 #include <Brenmoor.hh>
 
 #include <QDebug>
-
-#include <QHeaderView>
 #include <QPainter>
 #include <QStandardItemModel>
 
@@ -87,9 +85,10 @@ void TableEnum::resizeEvent(QResizeEvent* event)
 {
     if (event)
         EnumTableBase::resizeEvent(event);
-    const QStringList parts = columnWidths.split(QLatin1Char(','));
-    for (int i = 0; i < parts.size(); ++i)
-        view->setColumnWidth(i, int(view->width() * (parts.at(i).toDouble() / 100.0)));
+    QVector<double> shares;
+    for (const QString& part : columnWidths.split(QLatin1Char(',')))
+        shares << part.toDouble();
+    view->setColumnShares(shares);
 }
 
 void TableEnum::showEvent(QShowEvent* event)

@@ -32,7 +32,7 @@ public:
 
     Q_INVOKABLE void setColumnHeading(const QString& name);
     QString getColumnHeading() const;
-    //! Comma-separated percentages of the view's width, one per column.
+    //! Comma-separated percentages of the width left of the scroll bar, one per column.
     void setColumnWidths(const QString& widths);
     QString getColumnWidths() const;
     void setReadOnly(bool readOnly);

@@ -5,7 +5,6 @@
 #include <Brenmoor.hh>
 
 #include <QDebug>
-#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QStandardItemModel>
 
@@ -67,7 +66,6 @@ void TableEnumMulti::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     }
     model->setColumnCount(headings.size());
     model->setHeaderData(int(col), Qt::Horizontal, headings.last());
-    view->horizontalHeader()->setSectionResizeMode(int(col), QHeaderView::Stretch);
     subscribeToDDS<int>(topic.in(), boost::bind(&TableEnumMulti::dds_callback, this, _1, _2));
     subscribeToVoidDDS(paramsTopic.in(), boost::bind(&TableEnumMulti::dds_params_callback, this, _1));
     requestCorbaList(col);

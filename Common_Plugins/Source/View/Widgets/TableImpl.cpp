@@ -1,6 +1,7 @@
 #include "TableImpl.h"
 
 #include "CSS.h"
+#include "ColumnShares.h"
 #include "QRVUtil.h"
 #include "HorizontalScrollBarImpl.h"
 #include "VerticalScrollBarImpl.h"
@@ -19,6 +20,7 @@ TableImpl::TableImpl(QWidget* parent)
     setFocusPolicy(Qt::FocusPolicy(11));
     connect(this, &QTableWidget::cellClicked, this, &TableImpl::onCellClicked);
     changeSize(QStringLiteral("Max"));
+    new ColumnShares(this);
 }
 
 QSize TableImpl::sizeHint() const { return QSize(75, 75); }

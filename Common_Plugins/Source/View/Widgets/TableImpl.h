@@ -12,8 +12,11 @@ class HorizontalScrollBarImpl;
 /*!
   A table the host fills cell by cell: headers in the theme's frame colour,
   a touched row lit with a cyan gradient, and the platform's finger-sized
-  scroll bars (thin ones with ScrollBarStyle WITH_SCROLL_ARROWS). Binds no
-  engine attribute.
+  scroll bars (thin ones with ScrollBarStyle WITH_SCROLL_ARROWS). The
+  columns share the width left of the vertical scroll bar evenly, each at
+  least as wide as its texts where the room allows; too wide together, they
+  keep their texts' widths and the table scrolls sideways. Binds no engine
+  attribute.
 
   The look follows the size words "Max" and "Min".
 */

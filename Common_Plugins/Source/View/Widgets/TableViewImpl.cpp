@@ -1,6 +1,7 @@
 #include "TableViewImpl.h"
 
 #include "CSS.h"
+#include "ColumnShares.h"
 #include "HorizontalScrollBarImpl.h"
 #include "QRVUtil.h"
 #include "VerticalScrollBarImpl.h"
@@ -64,6 +65,24 @@ void TableViewImpl::changeSize(const QString& size)
     if (QRVUtil::applyMaxMinSheet(this, size, m_styleMax, m_styleMin))
         m_sizeName = size;
 }
+
+void TableViewImpl::setModel(QAbstractItemModel* model)
+{
+    QTableView::setModel(model);
+    if (m_columnShares)
+        m_columnShares->watchModel();
+}
+
+void TableViewImpl::setColumnShares(const QVector<double>& percentages)
+{
+    if (!m_columnShares) {
+        m_columnShares = new ColumnShares(this);
+        connect(m_columnShares, &ColumnShares::wholeTextsWidthChanged, this, &TableViewImpl::wholeTextsWidthChanged);
+    }
+    m_columnShares->setShares(percentages);
+}
+
+int TableViewImpl::wholeTextsWidth() const { return m_columnShares ? m_columnShares->wholeTextsWidth() : 0; }
 
 void TableViewImpl::mousePressEvent(QMouseEvent* event)
 {

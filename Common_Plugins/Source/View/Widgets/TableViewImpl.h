@@ -2,10 +2,12 @@
 #define TABLEVIEWIMPL_H
 
 #include <QTableView>
+#include <QVector>
 
 namespace Kelvane {
 namespace gui {
 
+class ColumnShares;
 class VerticalScrollBarImpl;
 class HorizontalScrollBarImpl;
 
@@ -16,7 +18,8 @@ class HorizontalScrollBarImpl;
   bars. Binds no engine attribute: it is the view under TableEnum and
   TableEnumMulti, which learn of a touched row through highlightChanged().
 
-  The look follows the size words "Max" and "Min".
+  The look follows the size words "Max" and "Min". Told to share its width,
+  the columns fill the room left of the vertical scroll bar.
 */
 class TableViewImpl : public QTableView
 {
@@ -27,13 +30,20 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    void setModel(QAbstractItemModel* model) override;
     //! Dark text, for a view laid on a white panel.
     void setOnWhitePanel(bool onWhite);
+    //! From now on the columns share the width left of the scroll bar in \a percentages (see ColumnShares).
+    void setColumnShares(const QVector<double>& percentages);
+    //! With shared width: how wide the view must be for every column to show its texts whole; else 0.
+    int wholeTextsWidth() const;
 
 signals:
     void mousePressed();
     //! A touch ended on the cell at \a index.
     void highlightChanged(QModelIndex index);
+    //! The texts now need another wholeTextsWidth().
+    void wholeTextsWidthChanged();
 
 public slots:
     void changeSize(const QString& size);
@@ -51,6 +61,7 @@ private:
     QString m_styleMax;
     QString m_styleMin;
     QString m_sizeName = QStringLiteral("Max");
+    ColumnShares* m_columnShares = nullptr;
 };
 
 } // namespace gui
