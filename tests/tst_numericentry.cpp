@@ -23,6 +23,8 @@
 #include <QTemporaryFile>
 #include <QtTest>
 
+#include <algorithm>
+
 namespace {
 
 const QString frequencyUnits = QStringLiteral("0,0,0:Hz;;;;|0,3,0:Hz;;;;|0,6,0:Hz;;;;|0,9,0:Hz;;;;");
@@ -67,6 +69,16 @@ void typeIn(NumericEntryImpl& field, const QStringList& keys, const QString& uni
     press(field.numpadWidget(), unitKey);
 }
 
+// The width a label leaves its text: QLabel sets a text inside a frame off
+// by half an "x" of its font unless it is told an indent.
+int textRoom(const QLabel* label)
+{
+    int indent = label->indent();
+    if (indent < 0)
+        indent = label->frameWidth() > 0 ? label->fontMetrics().horizontalAdvance(QLatin1Char('x')) / 2 - label->margin() : 0;
+    return label->contentsRect().width() - 2 * label->margin() - std::max(indent, 0);
+}
+
 } // namespace
 
 class TestNumericEntry : public QObject
@@ -88,6 +100,8 @@ private slots:
     void everyInterfaceShowsItsValue();
     void unknownInterfaceBindsToNothing();
     void unitListAndFilter();
+    void unitSelectorFitsItsWidestUnit_data();
+    void unitSelectorFitsItsWidestUnit();
     void textsAndSignals_data();
     void textsAndSignals();
     void enableStates();
@@ -372,6 +386,51 @@ void TestNumericEntry::unitListAndFilter()
     NumericEntryImpl local(m_screen);
     local.setUnitListString(QStringLiteral("0,3,0:Hz;;;;|nonsense|0,6,0:Hz;;;;"));
     QCOMPARE(local.unitSelectorWidget()->getList().size(), 2);
+}
+
+void TestNumericEntry::unitSelectorFitsItsWidestUnit_data()
+{
+    QTest::addColumn<QString>("size");
+    QTest::addColumn<QString>("units");
+    for (const char* size : {"Max", "Min", "Thumb"}) {
+        QTest::addRow("frequency %s", size) << QString::fromLatin1(size) << frequencyUnits;
+        QTest::addRow("power %s", size) << QString::fromLatin1(size) << powerUnits;
+    }
+}
+
+void TestNumericEntry::unitSelectorFitsItsWidestUnit()
+{
+    QFETCH(QString, size);
+    QFETCH(QString, units);
+    // On a dark panel, as on a screen.
+    QWidget panel(m_screen);
+    panel.setObjectName(QStringLiteral("panel"));
+    panel.setStyleSheet(QStringLiteral("QWidget#panel { background-color: #101418; }"));
+    panel.setGeometry(0, 0, 400, 120);
+    auto& field = *new NumericEntryImpl(&panel, QStringLiteral("Centre frequency (1 kHz to 6 GHz)"));
+    field.setUnitListString(units);
+    field.setGeometry(12, 5, 376, 110);
+    field.changeSize(size);
+    panel.show();
+    QTest::qWait(50);
+    ComboBoxImpl* selector = field.unitSelectorWidget();
+    const QLabel* box = selector->getValueField();
+    const QFontMetrics metrics(box->font());
+    const QList<ComboBoxListStruct> choices = selector->getList();
+    QVERIFY(choices.size() >= 3);
+    const ComboBoxListStruct* widest = &choices.first();
+    for (const ComboBoxListStruct& choice : choices) {
+        if (metrics.horizontalAdvance(choice.text) > metrics.horizontalAdvance(widest->text))
+            widest = &choice;
+        QVERIFY2(metrics.horizontalAdvance(choice.text) <= textRoom(box),
+                 qPrintable(QStringLiteral("%1 needs %2 pixels, the selector leaves %3")
+                                .arg(choice.text)
+                                .arg(metrics.horizontalAdvance(choice.text))
+                                .arg(textRoom(box))));
+    }
+    QVERIFY(field.rect().contains(selector->geometry()));
+    field.setIndex(widest->value);
+    TestSupport::savePng(&panel, QStringLiteral("numericentry_units_%1").arg(QString::fromLatin1(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_'))));
 }
 
 void TestNumericEntry::textsAndSignals_data()

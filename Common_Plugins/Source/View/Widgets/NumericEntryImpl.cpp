@@ -19,6 +19,7 @@
 
 #include <boost/bind/bind.hpp>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace boost::placeholders;
@@ -214,20 +215,28 @@ void NumericEntryImpl::createUnitSelector()
 // The selector is as wide as its longest label in the font of the size.
 void NumericEntryImpl::fitUnitSelector()
 {
-    m_unitWidth = unitSelectorWidth(m_sizeName);
+    m_unitWidth = unitSelectorWidth();
     m_unitSelector->setMinimumWidth(m_unitWidth);
     m_unitSelector->setMaximumWidth(m_unitWidth);
 }
 
-int NumericEntryImpl::unitSelectorWidth(const QString& size) const
+int NumericEntryImpl::unitSelectorWidth() const
 {
-    QFont font = m_unitSelector->font();
-    font.setPixelSize(size == QLatin1String("Thumb") ? 32 : size == QLatin1String("Max") ? 20 : 14);
-    const QFontMetrics metrics(font);
+    // The selector's sheet for the size word sets its field's font, border and padding.
+    m_unitSelector->ensurePolished();
+    const QLabel* field = m_unitSelector->getValueField();
+    const QFontMetrics metrics(field->font());
     int widest = 0;
     for (const QString& label : m_unitNames)
         widest = std::max(widest, metrics.horizontalAdvance(label));
-    return widest + 22;
+    // QLabel sets a text inside a frame off by half an "x" unless told an indent.
+    int indent = field->indent();
+    if (indent < 0)
+        indent = field->frameWidth() > 0 ? metrics.horizontalAdvance(QLatin1Char('x')) / 2 - field->margin() : 0;
+    const QMargins frame = field->contentsMargins();
+    const QMargins around = m_unitSelector->contentsMargins() + m_unitSelector->layout()->contentsMargins();
+    return widest + std::max(indent, 0) + 2 * field->margin() + frame.left() + frame.right() + around.left()
+           + around.right();
 }
 
 bool NumericEntryImpl::baseUnitsMatch(const Units& a, const Units& b) const

@@ -162,7 +162,7 @@ private:
     void addUnits(const QStringList& labels, const QList<long>& keys);
     void createUnitSelector();
     void fitUnitSelector();
-    int unitSelectorWidth(const QString& size) const;
+    int unitSelectorWidth() const;
     void initializeValueUnits(const Kelvane::Value::Units& wire);
     void initializeNoValueUnits();
     void setPrecision(int precision, double value);
