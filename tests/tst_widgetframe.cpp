@@ -11,6 +11,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <algorithm>
+
 // The bound frame and its unbound sibling must behave the same; every
 // behaviour runs on both through these templates.
 namespace {
@@ -189,6 +191,8 @@ private slots:
     void propertiesAndDefaults();
     void sizeWords_data();
     void sizeWords();
+    void labelWidthShowsTheTextWhole_data();
+    void labelWidthShowsTheTextWhole();
 };
 
 void TestWidgetFrame::cleanup()
@@ -263,6 +267,47 @@ void TestWidgetFrame::sizeWords()
     QCOMPARE(QRVUtil::initialSize(), QStringLiteral("Min"));
     qApp->setProperty("-systype", QStringLiteral("handheld"));
     QCOMPARE(QRVUtil::initialSize(), QStringLiteral("Max"));
+}
+
+void TestWidgetFrame::labelWidthShowsTheTextWhole_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<int>("indent");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("border and padding") << "border: 2px solid #fff; padding: 0px 8px; font-size: 20px;" << -1 << "MHz";
+    QTest::newRow("margin, thick border, left padding")
+        << "margin: 0px 0px 0px 14px; border: 4px solid #fff; padding: 0px 0px 0px 10px;" << -1 << "-80.0 dBm";
+    QTest::newRow("told an indent") << "border: 2px solid #fff; font-size: 14px;" << 6 << "dBm";
+    QTest::newRow("no frame") << "font-size: 32px;" << -1 << "GHz";
+    QTest::newRow("two lines") << "border: 2px solid #fff;" << -1 << "-20 dBm\nupper limit";
+}
+
+void TestWidgetFrame::labelWidthShowsTheTextWhole()
+{
+    QFETCH(QString, sheet);
+    QFETCH(int, indent);
+    QFETCH(QString, text);
+    QWidget panel;
+    panel.setStyleSheet(QStringLiteral("QWidget { background: #1c2530; color: white; } QLabel { %1 }").arg(sheet));
+    auto* label = new QLabel(text, &panel);
+    label->setIndent(indent);
+    panel.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&panel));
+    const int width = QRVUtil::labelWidthFor(label, text);
+    // QLabel's documented rule: a frame moves a text in by half an "x" unless told an indent.
+    auto textRoom = [label] {
+        int effective = label->indent();
+        if (effective < 0)
+            effective = label->frameWidth() > 0 ? label->fontMetrics().horizontalAdvance(QLatin1Char('x')) / 2 - label->margin() : 0;
+        return label->contentsRect().width() - 2 * label->margin() - std::max(effective, 0);
+    };
+    const int needed = QRVUtil::calculateStringWidth(label->fontMetrics(), text);
+    label->setGeometry(4, 4, width, label->sizeHint().height());
+    panel.resize(width + 8, label->height() + 8);
+    QCOMPARE(textRoom(), needed);
+    TestSupport::savePng(&panel, QStringLiteral("label_width_%1").arg(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_')).remove(QLatin1Char(',')));
+    label->resize(width - 1, label->height());
+    QVERIFY(textRoom() < needed);
 }
 
 QTEST_MAIN(TestWidgetFrame)

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QPoint>
 #include <QVariant>
 #include <QWidget>
@@ -67,4 +68,14 @@ int QRVUtil::calculateStringWidth(const QFontMetrics& metrics, const QString& te
     for (const QString& line : text.split(QLatin1Char('\n')))
         widest = qMax(widest, metrics.horizontalAdvance(line));
     return widest;
+}
+
+int QRVUtil::labelWidthFor(const QLabel* label, const QString& text)
+{
+    const QFontMetrics metrics(label->font());
+    int indent = label->indent();
+    if (indent < 0)
+        indent = label->frameWidth() > 0 ? metrics.horizontalAdvance(QLatin1Char('x')) / 2 - label->margin() : 0;
+    const QMargins frame = label->contentsMargins();
+    return calculateStringWidth(metrics, text) + qMax(indent, 0) + 2 * label->margin() + frame.left() + frame.right();
 }

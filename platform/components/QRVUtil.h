@@ -4,6 +4,7 @@
 #include <QString>
 
 class QWidget;
+class QLabel;
 class QPoint;
 class QFontMetrics;
 
@@ -43,6 +44,13 @@ public:
     static void processString(QString& text);
     //! Width in pixels of the widest line of \a text.
     static int calculateStringWidth(const QFontMetrics& metrics, const QString& text);
+    /*!
+      The width \a label needs to show \a text whole, as its sheet has set it
+      up: the widest line in its font, its contents margins (a sheet's margin,
+      border and padding), its margin, and the indent QLabel gives a text
+      inside a frame unless told one.
+    */
+    static int labelWidthFor(const QLabel* label, const QString& text);
 };
 
 #endif // QRVUTIL_H

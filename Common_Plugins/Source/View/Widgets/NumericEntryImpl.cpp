@@ -225,18 +225,11 @@ int NumericEntryImpl::unitSelectorWidth() const
     // The selector's sheet for the size word sets its field's font, border and padding.
     m_unitSelector->ensurePolished();
     const QLabel* field = m_unitSelector->getValueField();
-    const QFontMetrics metrics(field->font());
     int widest = 0;
     for (const QString& label : m_unitNames)
-        widest = std::max(widest, metrics.horizontalAdvance(label));
-    // QLabel sets a text inside a frame off by half an "x" unless told an indent.
-    int indent = field->indent();
-    if (indent < 0)
-        indent = field->frameWidth() > 0 ? metrics.horizontalAdvance(QLatin1Char('x')) / 2 - field->margin() : 0;
-    const QMargins frame = field->contentsMargins();
+        widest = std::max(widest, QRVUtil::labelWidthFor(field, label));
     const QMargins around = m_unitSelector->contentsMargins() + m_unitSelector->layout()->contentsMargins();
-    return widest + std::max(indent, 0) + 2 * field->margin() + frame.left() + frame.right() + around.left()
-           + around.right();
+    return widest + around.left() + around.right();
 }
 
 bool NumericEntryImpl::baseUnitsMatch(const Units& a, const Units& b) const
