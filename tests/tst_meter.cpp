@@ -6,6 +6,8 @@
 #include "GlobalImpl.h"
 #include "MeterBarImpl.h"
 #include "MeterBar_Bar.h"
+#include "MeterBar_Scale.h"
+#include "QRVUtil.h"
 #include "NumericEntryImpl.h"
 #include "QRVStatusBar.h"
 #include "SimEngine.h"
@@ -156,6 +158,8 @@ private slots:
     void nanReadingChangesNothing();
     void precisionOfSmallLimits();
     void sizes();
+    void limitLabelsStayInside_data();
+    void limitLabelsStayInside();
     void wrongAttributesLeaveItUnbound();
     void destroyedWhileSamplesFlow();
     void laidDownWhileSamplesFlow();
@@ -345,6 +349,56 @@ void TestMeter::sizes()
     QVERIFY(!meter.horizontal());
     QCOMPARE(frame->maximumWidth(), 85);
     QVERIFY(meter.findChild<QFrame*>(QStringLiteral("topCap")));
+}
+
+void TestMeter::limitLabelsStayInside_data()
+{
+    QTest::addColumn<QString>("size");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<bool>("whole");
+    // A width of 0 stands for the meter's minimum size hint.
+    QTest::newRow("Min, as wide as on the demo's screen") << "Min" << 190 << true;
+    QTest::newRow("Min at its minimum size hint") << "Min" << 0 << true;
+    QTest::newRow("Max at its minimum size hint") << "Max" << 0 << true;
+    QTest::newRow("Min squeezed") << "Min" << 120 << false;
+    QTest::newRow("Max squeezed") << "Max" << 190 << false;
+}
+
+void TestMeter::limitLabelsStayInside()
+{
+    QFETCH(QString, size);
+    QFETCH(int, width);
+    QFETCH(bool, whole);
+    QWidget panel(m_screen);
+    panel.setObjectName(QStringLiteral("panel"));
+    panel.setStyleSheet(QStringLiteral("QWidget#panel { background-color: #101418; }"));
+    panel.setGeometry(0, 0, 400, 320);
+    auto* meter = new MeterBarImpl(&panel);
+    meter->setAttributeName(QStringLiteral("Level"));
+    meter->changeSize(size);
+    meter->setUpdateDelay(0);
+    meter->setGeometry(10, 10, width > 0 ? width : 190, 300);
+    panel.show();
+    meter->bindAttribute(m_engine->attribute("Level"));
+    QVERIFY(engineSays("Level", -10.0, [meter] { return filledFraction(meter->barWidget()) > 0.8; }));
+    if (width == 0)
+        meter->resize(meter->minimumSizeHint().width(), meter->height());
+    QTest::qWait(50);
+
+    const QList<MeterBar_Scale*> labels = meter->findChildren<MeterBar_Scale*>();
+    QCOMPARE(labels.size(), 2);
+    for (const MeterBar_Scale* label : labels) {
+        QVERIFY2(meter->rect().contains(label->geometry()),
+                 qPrintable(QStringLiteral("\"%1\" at %2..%3 in a meter %4 wide")
+                                .arg(label->text())
+                                .arg(label->x())
+                                .arg(label->geometry().right())
+                                .arg(meter->width())));
+        if (whole)
+            QVERIFY2(QRVUtil::labelWidthFor(label, label->text()) <= label->width(), qPrintable(label->text()));
+    }
+    TestSupport::savePng(&panel, QStringLiteral("meter_labels_%1")
+                                     .arg(QString::fromLatin1(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_')).remove(QLatin1Char(',')).remove(QLatin1Char('\''))));
 }
 
 void TestMeter::wrongAttributesLeaveItUnbound()

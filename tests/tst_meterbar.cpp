@@ -4,6 +4,7 @@
 #include "QRVUtil.h"
 #include "TestSupport.h"
 
+#include <QSignalSpy>
 #include <QtTest>
 
 #include <atomic>
@@ -24,6 +25,7 @@ private slots:
     void readingsFromAnotherThread();
     void scaleText_data();
     void scaleText();
+    void scaleKeepsToItsRoom();
 };
 
 namespace {
@@ -302,6 +304,43 @@ void TestMeterBar::scaleText()
     // On a dark panel, as in the meter, where the light dash shows.
     scale->setStyleSheet(QStringLiteral("background: #1c2530; color: white;"));
     TestSupport::savePng(scale, QStringLiteral("meterbar_%1scale").arg(horizontal ? "horizontal" : ""));
+}
+
+void TestMeterBar::scaleKeepsToItsRoom()
+{
+    QWidget meter;
+    meter.setStyleSheet(QStringLiteral("QWidget { background: #1c2530; } QLabel#MetBar_Scale { color: #fff;"
+                                       " border: 4px solid #4a90c8; border-radius: 14px; margin: 0px 0px 0px 14px;"
+                                       " padding: 0px 0px 0px 10px; }"));
+    meter.resize(200, 120);
+    auto* scale = new MeterBar_Scale(QStringLiteral("10 KHz"), &meter);
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    QSignalSpy widthChanges(scale, &MeterBar_ScaleBase::textWidthChanged);
+    scale->setText(QStringLiteral(" -80.0 dBm"));
+    QCOMPARE(widthChanges.count(), 1);
+    const int wanted = scale->width();
+    QVERIFY(scale->wholeTextWidth() <= wanted);
+
+    // Short room: no wider than the room, however long the text.
+    scale->setRoom(70);
+    QCOMPARE(scale->width(), 70);
+    scale->setText(QStringLiteral(" -100.0 dBm"));
+    QCOMPARE(widthChanges.count(), 2);
+    QCOMPARE(scale->width(), 70);
+    QVERIFY(scale->wholeTextWidth() > scale->width());
+    QCOMPARE(scale->text(), QStringLiteral("-100.0 dBm"));
+    scale->move(10, 10);
+    TestSupport::savePng(&meter, QStringLiteral("meterbar_scale_elided"));
+
+    // Room to spare: the width the text asks for.
+    scale->setRoom(500);
+    QVERIFY(scale->width() > 70);
+    QVERIFY(scale->width() < 500);
+    scale->setRoom(-1);
+    QCOMPARE(scale->width(), QRVUtil::calculateStringWidth(scale->fontMetrics(), QStringLiteral(" -100.0 dBm")) + 45);
+    scale->setText(QStringLiteral("-100.0 dBm"));
+    QCOMPARE(widthChanges.count(), 2);
 }
 
 QTEST_MAIN(TestMeterBar)

@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPoint>
+#include <QStyle>
 #include <QVariant>
 #include <QWidget>
 
@@ -70,12 +71,40 @@ int QRVUtil::calculateStringWidth(const QFontMetrics& metrics, const QString& te
     return widest;
 }
 
+namespace {
+
+// QLabel sets a text inside a frame off by half an "x" unless told an indent.
+int textIndent(const QLabel* label, const QFontMetrics& metrics)
+{
+    const int indent = label->indent();
+    if (indent >= 0)
+        return indent;
+    return label->frameWidth() > 0 ? qMax(0, metrics.horizontalAdvance(QLatin1Char('x')) / 2 - label->margin()) : 0;
+}
+
+} // namespace
+
 int QRVUtil::labelWidthFor(const QLabel* label, const QString& text)
 {
     const QFontMetrics metrics(label->font());
-    int indent = label->indent();
-    if (indent < 0)
-        indent = label->frameWidth() > 0 ? metrics.horizontalAdvance(QLatin1Char('x')) / 2 - label->margin() : 0;
     const QMargins frame = label->contentsMargins();
-    return calculateStringWidth(metrics, text) + qMax(indent, 0) + 2 * label->margin() + frame.left() + frame.right();
+    return calculateStringWidth(metrics, text) + textIndent(label, metrics) + 2 * label->margin() + frame.left()
+           + frame.right();
+}
+
+QRect QRVUtil::labelTextRect(const QLabel* label)
+{
+    const int margin = label->margin();
+    QRect rect = label->contentsRect().adjusted(margin, margin, -margin, -margin);
+    const int indent = textIndent(label, QFontMetrics(label->font()));
+    const Qt::Alignment align = QStyle::visualAlignment(label->layoutDirection(), label->alignment());
+    if (align & Qt::AlignLeft)
+        rect.setLeft(rect.left() + indent);
+    if (align & Qt::AlignRight)
+        rect.setRight(rect.right() - indent);
+    if (align & Qt::AlignTop)
+        rect.setTop(rect.top() + indent);
+    if (align & Qt::AlignBottom)
+        rect.setBottom(rect.bottom() - indent);
+    return rect;
 }

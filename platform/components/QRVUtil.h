@@ -6,6 +6,7 @@
 class QWidget;
 class QLabel;
 class QPoint;
+class QRect;
 class QFontMetrics;
 
 /*!
@@ -51,6 +52,8 @@ public:
       inside a frame unless told one.
     */
     static int labelWidthFor(const QLabel* label, const QString& text);
+    //! Where \a label sets its text: its contents less its margin and that indent.
+    static QRect labelTextRect(const QLabel* label);
 };
 
 #endif // QRVUTIL_H

@@ -25,6 +25,7 @@
 
 #include <boost/bind/bind.hpp>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace boost::placeholders;
@@ -137,6 +138,8 @@ MeterBarImpl::MeterBarImpl(QWidget* parent)
     connect(this, &WidgetBaseImpl::DisplayEntryMechanism, this, &MeterBarImpl::relLock);
     connect(this, &WidgetBaseImpl::suppressDebug, m_bar, &MeterBar_Bar::suppressDebug);
     connect(m_bar, &MeterBar_Bar::resized, this, &MeterBarImpl::updateMarkerPositions);
+    for (MeterBar_Scale* label : {m_upperScale, m_lowerScale})
+        connect(label, &MeterBar_ScaleBase::textWidthChanged, this, [this] { updateGeometry(); });
 }
 
 MeterBarImpl::~MeterBarImpl()
@@ -169,6 +172,22 @@ QString MeterBarImpl::styleSheetFor(int border, int radius, int capSize, bool ho
 }
 
 MeterBar_Bar* MeterBarImpl::barWidget() const { return m_bar; }
+
+QSize MeterBarImpl::minimumSizeHint() const
+{
+    QSize hint = WidgetBaseImpl::minimumSizeHint();
+    if (!m_isHorizontal) {
+        // The bar's frame is at the left edge, the labels reach back over it by the overlap.
+        const int labels = std::max(m_upperScale->wholeTextWidth(), m_lowerScale->wholeTextWidth());
+        hint.setWidth(std::max(hint.width(), m_barFrame->minimumWidth() - m_scaleOverlap + labels));
+    }
+    return hint;
+}
+
+QSize MeterBarImpl::sizeHint() const
+{
+    return WidgetBaseImpl::sizeHint().expandedTo(minimumSizeHint());
+}
 bool MeterBarImpl::horizontal() const { return m_bar->horizontal(); }
 void MeterBarImpl::setReadingIndex(long idx) { m_readingIndex = idx; }
 void MeterBarImpl::setCurrentUnit(long idx) { m_currentUnit = idx; }
@@ -218,6 +237,7 @@ void MeterBarImpl::setHorizontal(bool horizontal)
     m_isHorizontal = horizontal;
     m_bar->setHorizontal(horizontal);
     updateMarkerPositions();
+    updateGeometry();
 }
 
 void MeterBarImpl::placeCaps(bool horizontal)
@@ -251,8 +271,12 @@ void MeterBarImpl::updateMarkerPositions()
         m_lowerHScale->move(m_bar->mapTo(this, QPoint(-m_lowerHScale->width() / 2, height)));
     } else {
         const QPoint top = m_bar->mapTo(this, QPoint(width, 0));
-        m_upperScale->move(top.x() - m_scaleOverlap, top.y() - m_upperScale->height() / 2);
-        m_lowerScale->move(top.x() - m_scaleOverlap, top.y() + height - m_lowerScale->height() / 2);
+        const int left = top.x() - m_scaleOverlap;
+        // The labels end at the meter's right edge at the latest.
+        for (MeterBar_Scale* label : {m_upperScale, m_lowerScale})
+            label->setRoom(std::max(0, this->width() - left));
+        m_upperScale->move(left, top.y() - m_upperScale->height() / 2);
+        m_lowerScale->move(left, top.y() + height - m_lowerScale->height() / 2);
     }
 }
 

@@ -31,7 +31,9 @@ namespace MeterReading { struct Reading; }
   limit, blue at the floor, yellow and grey the engine's other states.
 
   Upright on the full screens ("Max" 170 wide, "Min" 85), a thin strip
-  lying down in the "Thumb" size. Which reading (peak, live, RMS, ...) and
+  lying down in the "Thumb" size. The upright labels stay inside the
+  widget, their texts elided when it is narrower than its minimum size
+  hint. Which reading (peak, live, RMS, ...) and
   which unit are shown may be chosen by a ComboBoxImpl and a
   NumericEntryImpl registered against the meter; it never sends anything
   to the engine. Samples are drawn on the DDS thread, at most every 300 ms.
@@ -56,6 +58,9 @@ public:
 
     void bindAttribute(Brenmoor::EngineReadingBase_ptr attr) override;
     MeterBar_Bar* barWidget() const;
+    //! Upright, wide enough for the bar and its limit labels' whole texts.
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
 
 public slots:
     void changeSize(const QString& size) override;

@@ -5,6 +5,9 @@
 
 #include <QPainter>
 #include <QPixmapCache>
+#include <QStyle>
+
+#include <algorithm>
 
 MeterBar_ScaleBase::MeterBar_ScaleBase(const QString& text, int initialMargin, QWidget* parent)
     : QLabel(text, parent)
@@ -22,6 +25,7 @@ void MeterBar_ScaleBase::setText(QString text)
         return;
     QLabel::setText(prepared);
     fixWidthTo(text, textMargin());
+    emit textWidthChanged();
 }
 
 void MeterBar_ScaleBase::setTextNonGuiThread(QString text)
@@ -31,12 +35,45 @@ void MeterBar_ScaleBase::setTextNonGuiThread(QString text)
 
 void MeterBar_ScaleBase::fixWidthTo(const QString& text, int margin)
 {
-    setFixedWidth(QRVUtil::calculateStringWidth(fontMetrics(), text) + margin);
+    m_wantedWidth = QRVUtil::calculateStringWidth(fontMetrics(), text) + margin;
+    applyWidth();
+}
+
+int MeterBar_ScaleBase::wholeTextWidth() const
+{
+    return QRVUtil::labelWidthFor(this, text());
+}
+
+void MeterBar_ScaleBase::setRoom(int width)
+{
+    m_room = width;
+    applyWidth();
+}
+
+void MeterBar_ScaleBase::applyWidth()
+{
+    setFixedWidth(m_room >= 0 ? std::min(m_wantedWidth, m_room) : m_wantedWidth);
+}
+
+void MeterBar_ScaleBase::paintElided(QPaintEvent* event)
+{
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    const QRect room = QRVUtil::labelTextRect(this);
+    QStringList lines = text().split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = fontMetrics().elidedText(line, Qt::ElideRight, room.width());
+    style()->drawItemText(&painter, room, QStyle::visualAlignment(layoutDirection(), alignment()), palette(),
+                          isEnabled(), lines.join(QLatin1Char('\n')), foregroundRole());
 }
 
 void MeterBar_ScaleBase::paintEvent(QPaintEvent* event)
 {
-    QLabel::paintEvent(event);
+    // QLabel would draw a text too long for the label across its border.
+    if (wholeTextWidth() <= width())
+        QLabel::paintEvent(event);
+    else
+        paintElided(event);
     QPainter painter(this);
 
     const QString key = QStringLiteral("MeterBar_Scale-Dash");

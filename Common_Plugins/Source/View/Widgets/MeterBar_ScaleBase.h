@@ -7,16 +7,26 @@ class QPainter;
 
 /*!
   What the two limit labels beside a meter bar share: a limit text whose
-  label is as wide as the text plus a margin, a text that other threads hand
-  over through newScaleText(), and a decoration in the border colour painted
-  over the label. Style sheets address both as "MetBar_Scale".
+  label is as wide as the text plus a margin, but no wider than the room
+  the meter gives it (where a text too long for it is elided), a text that
+  other threads hand over through newScaleText(), and a decoration in the
+  border colour painted over the label. Style sheets address both as
+  "MetBar_Scale".
 */
 class MeterBar_ScaleBase : public QLabel
 {
     Q_OBJECT
 
+public:
+    //! The width that shows the text whole in the label's font and sheet.
+    int wholeTextWidth() const;
+    //! Keeps the label at most \a width wide; -1 for no bound.
+    void setRoom(int width);
+
 signals:
     void newScaleText(QString text);
+    //! The text changed, and with it wholeTextWidth().
+    void textWidthChanged();
 
 public slots:
     //! Relays out only when the prepared text differs from the one shown.
@@ -39,6 +49,12 @@ protected:
 
 private:
     void fixWidthTo(const QString& text, int margin);
+    void applyWidth();
+    //! The sheet's frame and as much of the text as the label's width shows, ending in an ellipsis.
+    void paintElided(QPaintEvent* event);
+
+    int m_wantedWidth = 0;
+    int m_room = -1;
 };
 
 #endif // METERBAR_SCALEBASE_H
