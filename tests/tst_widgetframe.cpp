@@ -305,6 +305,7 @@ void TestWidgetFrame::labelWidthShowsTheTextWhole()
     label->setGeometry(4, 4, width, label->sizeHint().height());
     panel.resize(width + 8, label->height() + 8);
     QCOMPARE(textRoom(), needed);
+    QCOMPARE(QRVUtil::labelTextRect(label).width(), needed);
     TestSupport::savePng(&panel, QStringLiteral("label_width_%1").arg(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_')).remove(QLatin1Char(',')));
     label->resize(width - 1, label->height());
     QVERIFY(textRoom() < needed);

@@ -188,6 +188,7 @@ QSize MeterBarImpl::sizeHint() const
 {
     return WidgetBaseImpl::sizeHint().expandedTo(minimumSizeHint());
 }
+
 bool MeterBarImpl::horizontal() const { return m_bar->horizontal(); }
 void MeterBarImpl::setReadingIndex(long idx) { m_readingIndex = idx; }
 void MeterBarImpl::setCurrentUnit(long idx) { m_currentUnit = idx; }
