@@ -19,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryFile>
 #include <QtTest>
@@ -94,6 +95,8 @@ private slots:
     void secondFieldWaitsForTheFirst();
     void placement_data();
     void placement();
+    void keypadOfAFieldOnAnotherWindow_data();
+    void keypadOfAFieldOnAnotherWindow();
     void looks();
 
 private:
@@ -465,6 +468,49 @@ void TestNumericEntry::placement()
     const EntryPlacement placement(field, QSize(260, 380), selector, QSize(800, 480));
     QTEST(placement.position(), "position");
     QTEST(int(placement.corner()), "corner");
+}
+
+void TestNumericEntry::keypadOfAFieldOnAnotherWindow_data()
+{
+    QTest::addColumn<QPoint>("windowAt"); // on the main screen
+    QTest::addColumn<bool>("right");
+    QTest::addColumn<bool>("below");
+    QTest::newRow("upper left: pad right and below") << QPoint(60, 10) << true << true;
+    QTest::newRow("lower right: pad left and above") << QPoint(480, 330) << false << false;
+}
+
+// A pop-up window of its own, not a child of the main screen, with a field
+// in it: its keypad still opens on the main screen, beside the field.
+void TestNumericEntry::keypadOfAFieldOnAnotherWindow()
+{
+    QFETCH(QPoint, windowAt);
+    QFETCH(bool, right);
+    QFETCH(bool, below);
+    // Off the desktop's origin, where screen and desktop coordinates differ.
+    const QPoint screenAt = m_screen->pos();
+    m_screen->move(screenAt + QPoint(30, 20));
+    const auto moveBack = qScopeGuard([this, screenAt] { m_screen->move(screenAt); });
+    QWidget popup;
+    popup.setObjectName(QStringLiteral("popup"));
+    popup.setGeometry(QRect(m_screen->mapToGlobal(windowAt), QSize(300, 120)));
+    NumericEntryImpl field(&popup, QStringLiteral("Span"));
+    field.setGeometry(10, 10, 220, 60);
+    field.addNumpad(false);
+    popup.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&popup));
+
+    touch(field);
+
+    NumpadEntryImpl* pad = field.numpadWidget();
+    QVERIFY(pad->isVisible());
+    QCOMPARE(pad->parentWidget(), m_screen);
+    QVERIFY(m_screen->rect().contains(pad->geometry()));
+    const QRect box(boxOf(field)->mapToGlobal(QPoint()), boxOf(field)->size());
+    const QRect padOnDesktop(m_screen->mapToGlobal(pad->pos()), pad->size());
+    QVERIFY(!padOnDesktop.intersects(box));
+    QVERIFY(right ? padOnDesktop.left() > box.right() : padOnDesktop.right() < box.left());
+    QVERIFY(below ? padOnDesktop.top() > box.bottom() : padOnDesktop.top() < box.top());
+    press(pad, QStringLiteral("cancel"));
 }
 
 void TestNumericEntry::looks()

@@ -585,10 +585,8 @@ void NumericEntryImpl::displayEntryMechanism()
         m_unitSelector->setEnabled(true);
     const int selectorWidth = m_unitSelector && m_unitSelector->isVisible() ? m_unitSelector->width() : 0;
     const QWidget* area = m_numpad->parentWidget();
-    const QRect field(area ? m_valueEdit->mapTo(area->window(), QPoint()) - area->mapTo(area->window(), QPoint())
-                           : m_valueEdit->mapToGlobal(QPoint()),
-                      m_valueEdit->size());
-    m_placement = EntryPlacement(field, m_numpad->size(), selectorWidth, area ? area->size() : QSize(800, 480));
+    m_placement = EntryPlacement(EntryPlacement::fieldRect(m_valueEdit, area), m_numpad->size(), selectorWidth,
+                                 area ? area->size() : QSize(800, 480));
     m_numpad->move(m_placement.position());
     m_numpad->setValue(m_valueEdit->text());
     if (m_numpad->realtimeUpdate())
