@@ -120,6 +120,7 @@ private slots:
     void disabledEntryIsRefused();
     void pressBesideTheStripClosesWithoutChoice();
     void refusedSendFetchesListAndValueAgain();
+    void transportFailureReleasesTheMechanism();
     void wrongInterfaceIsLogged();
     void refusedSendIsLogged();
     void dragVersusTap_data();
@@ -282,6 +283,23 @@ void TestComboBox::refusedSendFetchesListAndValueAgain()
     QCOMPARE(combo->getEnum(), 1L);
     QCOMPARE(combo->getValueField()->text(), QStringLiteral("Low"));
     QVERIFY(!combo->isEngineLinkLost());
+}
+
+void TestComboBox::transportFailureReleasesTheMechanism()
+{
+    auto combo = makeCombo();
+    bind(*combo);
+    SimFailure failure;
+    failure.kind = SimFailure::Kind::Transient;
+    m_engine->failNextSet("Mode", 1, failure);
+    open(*combo);
+    QCOMPARE(GlobalImpl::getInstance()->entryMechanism(), combo.get());
+
+    tap(itemFor(*combo, 2));
+
+    QTRY_VERIFY(combo->isEngineLinkLost());
+    QTRY_COMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
+    QVERIFY(!combo->listWidget()->isVisible());
 }
 
 void TestComboBox::wrongInterfaceIsLogged()

@@ -97,6 +97,8 @@ private slots:
     void placement();
     void keypadOfAFieldOnAnotherWindow_data();
     void keypadOfAFieldOnAnotherWindow();
+    void transportFailureReleasesTheMechanism_data();
+    void transportFailureReleasesTheMechanism();
     void looks();
 
 private:
@@ -511,6 +513,39 @@ void TestNumericEntry::keypadOfAFieldOnAnotherWindow()
     QVERIFY(right ? padOnDesktop.left() > box.right() : padOnDesktop.right() < box.left());
     QVERIFY(below ? padOnDesktop.top() > box.bottom() : padOnDesktop.top() < box.top());
     press(pad, QStringLiteral("cancel"));
+}
+
+void TestNumericEntry::transportFailureReleasesTheMechanism_data()
+{
+    QTest::addColumn<bool>("realTime");
+    QTest::newRow("unit key") << false;
+    QTest::newRow("arrow in real time") << true;
+}
+
+void TestNumericEntry::transportFailureReleasesTheMechanism()
+{
+    QFETCH(bool, realTime);
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(frequencyUnits);
+    field.setDefaultUnit(2);
+    field.setRealtimeUpdate(realTime);
+    field.setGeometry(40, 40, 220, 60);
+    field.show();
+    bind(field, "Center");
+    SimFailure failure;
+    failure.kind = SimFailure::Kind::Transient;
+    m_engine->failNextSet("Center", 1, failure);
+
+    if (realTime) {
+        touch(field);
+        press(field.numpadWidget(), QStringLiteral("uparrow"));
+    } else {
+        typeIn(field, {"1", "2"}, QStringLiteral("MHz"));
+    }
+
+    QTRY_VERIFY(field.isEngineLinkLost());
+    QTRY_COMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
+    QVERIFY(!field.numpadWidget()->isVisible());
 }
 
 void TestNumericEntry::looks()
