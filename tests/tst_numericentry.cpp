@@ -99,6 +99,8 @@ private slots:
     void keypadOfAFieldOnAnotherWindow();
     void transportFailureReleasesTheMechanism_data();
     void transportFailureReleasesTheMechanism();
+    void secondEnterBeforeTheSample_data();
+    void secondEnterBeforeTheSample();
     void looks();
 
 private:
@@ -546,6 +548,43 @@ void TestNumericEntry::transportFailureReleasesTheMechanism()
     QTRY_VERIFY(field.isEngineLinkLost());
     QTRY_COMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
     QVERIFY(!field.numpadWidget()->isVisible());
+}
+
+void TestNumericEntry::secondEnterBeforeTheSample_data()
+{
+    QTest::addColumn<bool>("touchedAgain");
+    QTest::addColumn<QStringList>("keysAgain");
+    QTest::addColumn<unsigned>("sends");
+    QTest::newRow("Enter twice") << false << QStringList() << 1u;
+    QTest::newRow("touched again, then Enter") << true << QStringList() << 1u;
+    QTest::newRow("touched again, a new value") << true << QStringList{"5"} << 2u;
+}
+
+// The box shows the engine's old value until the engine's sample comes: an
+// Enter on that text is no entry, and must not undo the change on its way.
+void TestNumericEntry::secondEnterBeforeTheSample()
+{
+    QFETCH(bool, touchedAgain);
+    QFETCH(QStringList, keysAgain);
+    QFETCH(unsigned, sends);
+    std::unique_ptr<NumericEntryImpl> field(frequencyField());
+    const unsigned before = m_engine->setCount("Center");
+
+    // No event is handled in between, so no sample can come between the two.
+    typeIn(*field, {"1", "2"}, QStringLiteral("MHz"));
+    if (touchedAgain)
+        touch(*field);
+    for (const QString& key : keysAgain)
+        press(field->numpadWidget(), key);
+    press(field->numpadWidget(), QStringLiteral("MHz"));
+
+    QTRY_COMPARE(m_engine->setCount("Center"), before + sends);
+    QTest::qWait(300);
+    QCOMPARE(m_engine->setCount("Center"), before + sends);
+    const double engineValue = std::get<double>(m_engine->value("Center"));
+    if (keysAgain.isEmpty())
+        QCOMPARE(engineValue, 12e6);
+    QTRY_COMPARE(field->getValue(), QString::number(engineValue / 1e6, 'f', 4));
 }
 
 void TestNumericEntry::looks()
