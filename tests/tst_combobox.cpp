@@ -1,5 +1,6 @@
 // ComboBoxImpl and its drop-down: the list and value against the simulated
-// engine, touches on the strip, and the unbound selector's API.
+// engine, touches on the strip, the unbound selector's API, and the lines
+// it writes to the log.
 #define QTEST_QPA_MOUSE_HANDLING // touches travel through the window, as a finger's do
 
 #include "BoundedExit.h"
@@ -15,6 +16,7 @@
 #include <Brenmoor.hh>
 
 #include <QLabel>
+#include <QMutex>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
@@ -65,6 +67,44 @@ QStringList lastOf(const QStringList& shown, int count)
 
 QFrame* stripOf(ComboBoxImpl& combo) { return combo.listWidget()->findChild<QFrame*>(QStringLiteral("dropdown")); }
 
+// Every log line while it lives, from any thread: sends log on a worker.
+class LogCapture
+{
+public:
+    LogCapture()
+    {
+        s_capture = this;
+        m_previous = qInstallMessageHandler(collect);
+    }
+    ~LogCapture()
+    {
+        qInstallMessageHandler(m_previous);
+        s_capture = nullptr;
+    }
+    QStringList lines() const
+    {
+        QMutexLocker lock(&m_mutex);
+        return m_lines;
+    }
+
+private:
+    static void collect(QtMsgType type, const QMessageLogContext& context, const QString& message)
+    {
+        {
+            QMutexLocker lock(&s_capture->m_mutex);
+            s_capture->m_lines << message;
+        }
+        s_capture->m_previous(type, context, message);
+    }
+
+    static LogCapture* s_capture;
+    QtMessageHandler m_previous = nullptr;
+    mutable QMutex m_mutex;
+    QStringList m_lines;
+};
+
+LogCapture* LogCapture::s_capture = nullptr;
+
 } // namespace
 
 class TestComboBox : public QObject
@@ -80,6 +120,9 @@ private slots:
     void disabledEntryIsRefused();
     void pressBesideTheStripClosesWithoutChoice();
     void refusedSendFetchesListAndValueAgain();
+    void transportFailureReleasesTheMechanism();
+    void wrongInterfaceIsLogged();
+    void refusedSendIsLogged();
     void dragVersusTap_data();
     void dragVersusTap();
     void openedStripLinesUpWithTheField();
@@ -123,6 +166,11 @@ void TestComboBox::initTestCase()
     setup.value = std::int64_t{1};
     setup.enumEntries = modeEntries;
     m_engine->addAttribute(setup);
+    SimAttributeSetup power;
+    power.name = "Power";
+    power.kind = SimKind::AttribBoolean;
+    power.value = true;
+    m_engine->addAttribute(power);
 
     m_mainWindow.setObjectName(QStringLiteral("MainWindow"));
     m_mainWindow.setStyleSheet(QStringLiteral("QWidget#MainWindow { background-color: #101418; }"));
@@ -235,6 +283,50 @@ void TestComboBox::refusedSendFetchesListAndValueAgain()
     QCOMPARE(combo->getEnum(), 1L);
     QCOMPARE(combo->getValueField()->text(), QStringLiteral("Low"));
     QVERIFY(!combo->isEngineLinkLost());
+}
+
+void TestComboBox::transportFailureReleasesTheMechanism()
+{
+    auto combo = makeCombo();
+    bind(*combo);
+    SimFailure failure;
+    failure.kind = SimFailure::Kind::Transient;
+    m_engine->failNextSet("Mode", 1, failure);
+    open(*combo);
+    QCOMPARE(GlobalImpl::getInstance()->entryMechanism(), combo.get());
+
+    tap(itemFor(*combo, 2));
+
+    QTRY_VERIFY(combo->isEngineLinkLost());
+    QTRY_COMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
+    QVERIFY(!combo->listWidget()->isVisible());
+}
+
+void TestComboBox::wrongInterfaceIsLogged()
+{
+    const LogCapture log;
+    ComboBoxImpl combo(false, &m_mainWindow);
+    combo.setAttributeName(QStringLiteral("Power"));
+    combo.bindAttribute(m_engine->attribute("Power"));
+    const QString line
+        = QStringLiteral("UserInterface - >>>>>Expected Enumeration type but received: EngineAttribBoolean (Power)");
+    QVERIFY(log.lines().contains(line));
+    QCOMPARE(combo.getList().size(), 0);
+}
+
+void TestComboBox::refusedSendIsLogged()
+{
+    const LogCapture log;
+    auto combo = makeCombo();
+    bind(*combo);
+    SimFailure failure;
+    failure.kind = SimFailure::Kind::Locked;
+    m_engine->failNextSet("Mode", 1, failure);
+    open(*combo);
+    tap(itemFor(*combo, 2));
+    const QString line
+        = QStringLiteral("UserInterface - ENUM: \"Mode\" @ \"MainWindow\" threw exception while sending: 2");
+    QTRY_VERIFY(log.lines().contains(line));
 }
 
 void TestComboBox::dragVersusTap_data()

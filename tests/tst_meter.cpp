@@ -156,6 +156,8 @@ private slots:
     void stateFromFlags_data();
     void stateFromFlags();
     void nanReadingChangesNothing();
+    void levelFloorShowsTheLowerLimit_data();
+    void levelFloorShowsTheLowerLimit();
     void precisionOfSmallLimits();
     void sizes();
     void limitLabelsStayInside_data();
@@ -196,6 +198,7 @@ void TestMeter::initTestCase()
     SimMeter levels;
     levels.items = {{0, 0.0}, {2, -6.0}, {4, -40.0}};
     m_engine->addAttribute(meterAttribute("Level", -10.0, {-80, 0, 1}, dBm, levels));
+    m_engine->addAttribute(meterAttribute("DeepLevel", -100.0, {-400, 0, 1}, dBm));
     m_engine->addAttribute(meterAttribute("Voltage", 0.0012, {0, 0.002, 1}, volt));
     m_engine->addAttribute(meterAttribute("Ratio", 0.01, {0, 0.05, 1}, unitless));
     m_engine->addAttribute(meterAttribute("Normal", 50.0, {0, 100, 1}, unitless));
@@ -312,6 +315,28 @@ void TestMeter::nanReadingChangesNothing()
     m_engine->setValue("Normal", std::numeric_limits<double>::quiet_NaN());
     QTest::qWait(300);
     QCOMPARE(pictureOf(meter->barWidget()), before);
+}
+
+void TestMeter::levelFloorShowsTheLowerLimit_data()
+{
+    QTest::addColumn<double>("reading"); // dBm, of -400 to 0
+    QTest::addColumn<double>("filled");
+    QTest::newRow("-301 is the floor: the lower limit") << -301.0 << 0.0;
+    QTest::newRow("-300.5 is the floor too") << -300.5 << 0.0;
+    QTest::newRow("-300 shows itself") << -300.0 << 0.25;
+}
+
+void TestMeter::levelFloorShowsTheLowerLimit()
+{
+    QFETCH(double, reading);
+    QFETCH(double, filled);
+    MeterBarImpl* meter = boundMeter("DeepLevel");
+    // From a half-full bar, so that an empty one is the reading's doing.
+    QVERIFY(engineSays("DeepLevel", -200.0,
+                       [meter] { return std::abs(filledFraction(meter->barWidget()) - 0.5) < 0.02; }));
+    QVERIFY(engineSays("DeepLevel", reading,
+                       [meter, filled] { return std::abs(filledFraction(meter->barWidget()) - filled) < 0.01; }));
+    QCOMPARE(limitLabels(*meter), QStringList({"0.0 dBm", "-400.0 dBm"}));
 }
 
 void TestMeter::precisionOfSmallLimits()

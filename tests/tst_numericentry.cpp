@@ -19,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryFile>
 #include <QtTest>
@@ -108,6 +109,12 @@ private slots:
     void secondFieldWaitsForTheFirst();
     void placement_data();
     void placement();
+    void keypadOfAFieldOnAnotherWindow_data();
+    void keypadOfAFieldOnAnotherWindow();
+    void transportFailureReleasesTheMechanism_data();
+    void transportFailureReleasesTheMechanism();
+    void secondEnterBeforeTheSample_data();
+    void secondEnterBeforeTheSample();
     void looks();
 
 private:
@@ -524,6 +531,119 @@ void TestNumericEntry::placement()
     const EntryPlacement placement(field, QSize(260, 380), selector, QSize(800, 480));
     QTEST(placement.position(), "position");
     QTEST(int(placement.corner()), "corner");
+}
+
+void TestNumericEntry::keypadOfAFieldOnAnotherWindow_data()
+{
+    QTest::addColumn<QPoint>("windowAt"); // on the main screen
+    QTest::addColumn<bool>("right");
+    QTest::addColumn<bool>("below");
+    QTest::newRow("upper left: pad right and below") << QPoint(60, 10) << true << true;
+    QTest::newRow("lower right: pad left and above") << QPoint(480, 330) << false << false;
+}
+
+// A pop-up window of its own, not a child of the main screen, with a field
+// in it: its keypad still opens on the main screen, beside the field.
+void TestNumericEntry::keypadOfAFieldOnAnotherWindow()
+{
+    QFETCH(QPoint, windowAt);
+    QFETCH(bool, right);
+    QFETCH(bool, below);
+    // Off the desktop's origin, where screen and desktop coordinates differ.
+    const QPoint screenAt = m_screen->pos();
+    m_screen->move(screenAt + QPoint(30, 20));
+    const auto moveBack = qScopeGuard([this, screenAt] { m_screen->move(screenAt); });
+    QWidget popup;
+    popup.setObjectName(QStringLiteral("popup"));
+    popup.setGeometry(QRect(m_screen->mapToGlobal(windowAt), QSize(300, 120)));
+    NumericEntryImpl field(&popup, QStringLiteral("Span"));
+    field.setGeometry(10, 10, 220, 60);
+    field.addNumpad(false);
+    popup.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&popup));
+
+    touch(field);
+
+    NumpadEntryImpl* pad = field.numpadWidget();
+    QVERIFY(pad->isVisible());
+    QCOMPARE(pad->parentWidget(), m_screen);
+    QVERIFY(m_screen->rect().contains(pad->geometry()));
+    const QRect box(boxOf(field)->mapToGlobal(QPoint()), boxOf(field)->size());
+    const QRect padOnDesktop(m_screen->mapToGlobal(pad->pos()), pad->size());
+    QVERIFY(!padOnDesktop.intersects(box));
+    QVERIFY(right ? padOnDesktop.left() > box.right() : padOnDesktop.right() < box.left());
+    QVERIFY(below ? padOnDesktop.top() > box.bottom() : padOnDesktop.top() < box.top());
+    press(pad, QStringLiteral("cancel"));
+}
+
+void TestNumericEntry::transportFailureReleasesTheMechanism_data()
+{
+    QTest::addColumn<bool>("realTime");
+    QTest::newRow("unit key") << false;
+    QTest::newRow("arrow in real time") << true;
+}
+
+void TestNumericEntry::transportFailureReleasesTheMechanism()
+{
+    QFETCH(bool, realTime);
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(frequencyUnits);
+    field.setDefaultUnit(2);
+    field.setRealtimeUpdate(realTime);
+    field.setGeometry(40, 40, 220, 60);
+    field.show();
+    bind(field, "Center");
+    SimFailure failure;
+    failure.kind = SimFailure::Kind::Transient;
+    m_engine->failNextSet("Center", 1, failure);
+
+    if (realTime) {
+        touch(field);
+        press(field.numpadWidget(), QStringLiteral("uparrow"));
+    } else {
+        typeIn(field, {"1", "2"}, QStringLiteral("MHz"));
+    }
+
+    QTRY_VERIFY(field.isEngineLinkLost());
+    QTRY_COMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
+    QVERIFY(!field.numpadWidget()->isVisible());
+}
+
+void TestNumericEntry::secondEnterBeforeTheSample_data()
+{
+    QTest::addColumn<bool>("touchedAgain");
+    QTest::addColumn<QStringList>("keysAgain");
+    QTest::addColumn<unsigned>("sends");
+    QTest::newRow("Enter twice") << false << QStringList() << 1u;
+    QTest::newRow("touched again, then Enter") << true << QStringList() << 1u;
+    QTest::newRow("touched again, a new value") << true << QStringList{"5"} << 2u;
+}
+
+// The box shows the engine's old value until the engine's sample comes: an
+// Enter on that text is no entry, and must not undo the change on its way.
+void TestNumericEntry::secondEnterBeforeTheSample()
+{
+    QFETCH(bool, touchedAgain);
+    QFETCH(QStringList, keysAgain);
+    QFETCH(unsigned, sends);
+    std::unique_ptr<NumericEntryImpl> field(frequencyField());
+    const unsigned before = m_engine->setCount("Center");
+
+    // No event is handled in between, so no sample can come between the two.
+    typeIn(*field, {"1", "2"}, QStringLiteral("MHz"));
+    if (touchedAgain)
+        touch(*field);
+    for (const QString& key : keysAgain)
+        press(field->numpadWidget(), key);
+    press(field->numpadWidget(), QStringLiteral("MHz"));
+
+    QTRY_COMPARE(m_engine->setCount("Center"), before + sends);
+    QTest::qWait(300);
+    QCOMPARE(m_engine->setCount("Center"), before + sends);
+    const double engineValue = std::get<double>(m_engine->value("Center"));
+    if (keysAgain.isEmpty())
+        QCOMPARE(engineValue, 12e6);
+    QTRY_COMPARE(field->getValue(), QString::number(engineValue / 1e6, 'f', 4));
 }
 
 void TestNumericEntry::looks()

@@ -107,6 +107,8 @@ private slots:
     void transportFailureIsNotRetried();
     void enumTableFollowsNoLock();
     void paramsSampleRefetchesTheList();
+    void emptyEnumerationGivesAnEmptyTable_data();
+    void emptyEnumerationGivesAnEmptyTable();
     void splitLabelsFillColumns();
     void columnWidthsArePercentagesOfTheRoomLeftOfTheScrollBar();
     void sharedWidths_data();
@@ -144,7 +146,7 @@ private:
 void TestTables::initTestCase()
 {
     m_engine = std::make_unique<SimEngine>();
-    for (const char* name : {"Mode", "Band", "Filter", "Detector"}) {
+    for (const char* name : {"Mode", "Band", "Filter", "Detector", "Spare"}) {
         SimAttributeSetup setup;
         setup.name = name;
         setup.kind = SimKind::AttribEnum;
@@ -164,6 +166,8 @@ void TestTables::init()
     m_engine->setValue("Filter", std::int64_t(5));
     m_engine->setEnumEntries("Detector", entries({{0, "Peak"}, {1, "RMS"}, {2, "Average"}}));
     m_engine->setValue("Detector", std::int64_t(0));
+    m_engine->setEnumEntries("Spare", {});
+    m_engine->setValue("Spare", std::int64_t(0));
 }
 
 void TestTables::samplesSelectTheRow_data()
@@ -287,6 +291,38 @@ void TestTables::paramsSampleRefetchesTheList()
     QCOMPARE(table.getLiteral(60), QStringLiteral("   Zeta"));
     QVERIFY(table.literalExists(QStringLiteral("   Epsilon")));
     QVERIFY(!table.literalExists(QStringLiteral("   Alpha")));
+}
+
+void TestTables::emptyEnumerationGivesAnEmptyTable_data()
+{
+    QTest::addColumn<bool>("emptiedLater");
+    QTest::newRow("empty when bound") << false;
+    QTest::newRow("emptied while bound") << true;
+}
+
+void TestTables::emptyEnumerationGivesAnEmptyTable()
+{
+    QFETCH(bool, emptiedLater);
+    const char* name = emptiedLater ? "Mode" : "Spare";
+    TableEnum table;
+    table.resize(300, 200);
+    bind(table, name);
+    if (emptiedLater) {
+        QCOMPARE(table.rowCount(), 3);
+        m_engine->setEnumEntries(name, {});
+    }
+    QTRY_COMPARE(table.rowCount(), 0);
+    QCOMPARE(selectedRow(table), -1);
+
+    // A value with no row selects nothing, and the table still follows a new list.
+    m_engine->setValue(name, std::int64_t(7));
+    QTest::qWait(200);
+    QCOMPARE(table.rowCount(), 0);
+    QCOMPARE(selectedRow(table), -1);
+    m_engine->setEnumEntries(name, entries({{7, "Seven"}}));
+    QTRY_COMPARE(table.rowCount(), 1);
+    QTRY_COMPARE(selectedRow(table), 0);
+    QCOMPARE(cellText(table, 0, 0), QStringLiteral("   Seven"));
 }
 
 void TestTables::splitLabelsFillColumns()

@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTranslator>
 #include <QtTest>
 
 #include <algorithm>
@@ -174,6 +175,19 @@ void checkMessagesReachTheStatusBar()
     delete bar;
 }
 
+// A language in which the frame's label "Span" reads "Spanne".
+class GermanLabels : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* sourceText, const char*, int) const override
+    {
+        return QLatin1String(context) == "WidgetBaseImpl" && QLatin1String(sourceText) == "Span"
+                   ? QStringLiteral("Spanne")
+                   : QString();
+    }
+};
+
 } // namespace
 
 class TestWidgetFrame : public QObject
@@ -193,6 +207,8 @@ private slots:
     void sizeWords();
     void labelWidthShowsTheTextWhole_data();
     void labelWidthShowsTheTextWhole();
+    void labelFollowsTheLanguage_data();
+    void labelFollowsTheLanguage();
 };
 
 void TestWidgetFrame::cleanup()
@@ -309,6 +325,42 @@ void TestWidgetFrame::labelWidthShowsTheTextWhole()
     TestSupport::savePng(&panel, QStringLiteral("label_width_%1").arg(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_')).remove(QLatin1Char(',')));
     label->resize(width - 1, label->height());
     QVERIFY(textRoom() < needed);
+}
+
+void TestWidgetFrame::labelFollowsTheLanguage_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("shownBefore"); // empty: the source text
+    QTest::addColumn<int>("retranslations");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("source shown: translated") << "Span" << "" << 1 << "Spanne";
+    QTest::newRow("translation shown: back to the source") << "Span" << "" << 2 << "Span";
+    QTest::newRow("three times: translated again") << "Span" << "" << 3 << "Spanne";
+    QTest::newRow("another text shown: back to the source") << "Span" << "Width" << 1 << "Span";
+    QTest::newRow("no translation: stays") << "Centre" << "" << 1 << "Centre";
+}
+
+// The shown text is compared with the source text: equal, it is translated;
+// otherwise the source text comes back.
+void TestWidgetFrame::labelFollowsTheLanguage()
+{
+    QFETCH(QString, source);
+    QFETCH(QString, shownBefore);
+    QFETCH(int, retranslations);
+    GermanLabels german;
+    QVERIFY(qApp->installTranslator(&german));
+    WidgetBaseImpl frame;
+    auto* label = new QLabel;
+    frame.setLabelWidget(label);
+    frame.setLabel(source);
+    if (!shownBefore.isEmpty())
+        label->setText(shownBefore);
+
+    for (int i = 0; i < retranslations; ++i)
+        frame.retranslate();
+
+    QTEST(frame.getLabel(), "shown");
+    qApp->removeTranslator(&german);
 }
 
 QTEST_MAIN(TestWidgetFrame)

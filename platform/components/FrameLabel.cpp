@@ -34,8 +34,15 @@ void FrameLabel::setText(const QString& text)
     m_label->setText(text);
 }
 
+// The source text shown is translated; anything else shown (a translation
+// from before, a text set on the label itself) gives way to the source
+// text. So a second call in the same language shows the source text again.
 void FrameLabel::retranslate(const char* context)
 {
-    if (m_label)
+    if (!m_label)
+        return;
+    if (m_label->text() == m_source)
         m_label->setText(QCoreApplication::translate(context, m_source.toUtf8().constData()));
+    else
+        m_label->setText(m_source);
 }

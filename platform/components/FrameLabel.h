@@ -26,6 +26,7 @@ public:
     QString text() const;
     //! Sets the text; without a label nothing happens.
     void setText(const QString& text);
+    //! The translation in \a context if the source text is shown, else the source text.
     void retranslate(const char* context);
 
 private:

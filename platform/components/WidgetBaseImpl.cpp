@@ -281,8 +281,14 @@ void WidgetBaseImpl::markEngineLinkLost(const QString& reason)
         this,
         [this, reason] {
             // A binding may have come in between.
-            if (m_engineLinkLost)
-                WidgetFrame::showEngineLinkVeil(m_lockOverlay, true, reason);
+            if (!m_engineLinkLost)
+                return;
+            WidgetFrame::showEngineLinkVeil(m_lockOverlay, true, reason);
+            // An open keypad or list would go on sending to an engine that is gone.
+            if (m_locked) {
+                emit CloseEntryMechanism();
+                releaseLock();
+            }
         },
         Qt::QueuedConnection);
 }

@@ -96,9 +96,10 @@ public:
     //! Follows a payload-free topic (lock, list or limits changed).
     void subscribeToVoidDDS(const char* topic, boost::function<void(const char*)> callback);
     /*!
-      A broken engine link, found by this widget: the widget is veiled and
-      sends no more, and the whole interface learns that the engine is lost
-      (EngineLink). A new binding lifts it. Safe from any thread.
+      A broken engine link, found by this widget: the widget is veiled,
+      closes the entry mechanism it holds and sends no more, and the whole
+      interface learns that the engine is lost (EngineLink). A new binding
+      lifts it. Safe from any thread.
     */
     virtual void disconnectCORBA(const QString& reason);
     bool isEngineLinkLost() const;

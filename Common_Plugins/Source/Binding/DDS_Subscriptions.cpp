@@ -1,13 +1,11 @@
 // The subscription machinery, instantiated here once per payload type for
 // the whole interface, and the frame's operations that start subscriptions.
 #include "DDS_Subscriber.h"
+#include "DDS_UpdateSeparation.h"
 #include "EngineLink.h"
 #include "WidgetBaseImpl.h"
 
-namespace {
-
-// UpdateDelay in milliseconds as seconds and nanoseconds: 1500 is 1 s + 500000000 ns.
-std::chrono::nanoseconds updateSeparation(int delayMs)
+std::chrono::nanoseconds Brenmoor::updateSeparation(int delayMs)
 {
     if (delayMs <= 0)
         return std::chrono::nanoseconds(0);
@@ -16,11 +14,14 @@ std::chrono::nanoseconds updateSeparation(int delayMs)
     return std::chrono::seconds(seconds) + std::chrono::nanoseconds(nanoseconds);
 }
 
+namespace {
+
 template<class T>
 Brenmoor::DDS_BaseObj* startSubscription(const char* topic, typename Brenmoor::DDS_Payload<T>::Callback callback,
                                          int delayMs)
 {
-    auto* subscription = new Brenmoor::DDS_Subscriber<T>(topic, std::move(callback), updateSeparation(delayMs));
+    auto* subscription
+        = new Brenmoor::DDS_Subscriber<T>(topic, std::move(callback), Brenmoor::updateSeparation(delayMs));
     // The engine's writers fall silent together when it dies or hangs.
     subscription->setWritersLostHandler(
         [] { EngineLink::instance()->reportLost(QStringLiteral("the engine's topics fell silent")); });

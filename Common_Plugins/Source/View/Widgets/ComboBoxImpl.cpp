@@ -196,18 +196,16 @@ void ComboBoxImpl::submit(long idx)
 
 void ComboBoxImpl::sendEnum(long idx)
 {
-    QString failure;
-    const EngineCall outcome = callEngine(
-        [this, idx] {
-            Brenmoor::EngineAttribEnum_var attr = Brenmoor::EngineAttribEnum::_narrow(m_attribute);
-            if (CORBA::is_nil(attr))
-                return;
-            qDebug() << "UserInterface - ENUM:" << getAttributeName() << "- Sending" << idx;
-            attr->set(GlobalImpl::getLockerID(), static_cast<CORBA::Long>(idx));
-        },
-        &failure);
+    const EngineCall outcome = callEngine([this, idx] {
+        Brenmoor::EngineAttribEnum_var attr = Brenmoor::EngineAttribEnum::_narrow(m_attribute);
+        if (CORBA::is_nil(attr))
+            return;
+        qDebug() << "UserInterface - ENUM:" << getAttributeName() << "- Sending" << idx;
+        attr->set(GlobalImpl::getLockerID(), static_cast<CORBA::Long>(idx));
+    });
     if (outcome == EngineCall::Refused) {
-        qDebug() << "UserInterface - ENUM:" << getAttributeName() << "refused" << idx << failure;
+        qDebug() << "UserInterface - ENUM:" << getAttributeName() << "@" << GlobalImpl::getParentWindowName(this)
+                 << "threw exception while sending:" << idx;
         // Queued, not blocking: the destructor waits for this worker on the interface thread.
         QMetaObject::invokeMethod(this, &ComboBoxImpl::requestCorbaList, Qt::QueuedConnection);
     }
@@ -251,7 +249,8 @@ void ComboBoxImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     WidgetBaseImpl::bindAttribute(attr);
     if (CORBA::is_nil(attr))
         return;
-    if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")}, ">>>>>Expected Enum type but received: %s (%s)")
+    if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")},
+                          "UserInterface - >>>>>Expected Enumeration type but received: %s (%s)")
             .isEmpty())
         return;
     Brenmoor::EngineAttribEnum_var attribEnum = Brenmoor::EngineAttribEnum::_narrow(attr);

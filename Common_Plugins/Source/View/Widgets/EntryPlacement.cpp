@@ -1,5 +1,7 @@
 #include "EntryPlacement.h"
 
+#include <QWidget>
+
 namespace {
 const int gap = 5;
 }
@@ -43,6 +45,20 @@ void EntryPlacement::placeVertically(const QRect& field)
     }
     m_entryY = y + field.height() + gap;
     m_position.setY(bottom >= h - gap ? h - m_pad.height() - gap : m_entryY);
+}
+
+QRect EntryPlacement::fieldRect(const QWidget* field, const QWidget* area)
+{
+    QPoint topLeft;
+    if (!area)
+        topLeft = field->mapToGlobal(QPoint());
+    else if (field->window() == area->window())
+        // Within one window, whatever the window system makes of where it stands.
+        topLeft = field->mapTo(field->window(), QPoint()) - area->mapTo(area->window(), QPoint());
+    else
+        // A field on a window of its own (a pop-up, a dialog) meets the area only on the desktop.
+        topLeft = area->mapFromGlobal(field->mapToGlobal(QPoint()));
+    return QRect(topLeft, field->size());
 }
 
 QPoint EntryPlacement::position() const { return m_position; }

@@ -5,6 +5,8 @@
 #include <QRect>
 #include <QSize>
 
+class QWidget;
+
 /*!
   Where an entry mechanism opens beside the field it edits: to the right of
   the field and its unit selector when it fits, else to the left; below the
@@ -27,6 +29,13 @@ public:
     EntryPlacement() = default;
     //! \a field in screen coordinates; \a selectorWidth 0 without a unit selector.
     EntryPlacement(const QRect& field, const QSize& pad, int selectorWidth, const QSize& screen, int margin = 40);
+
+    /*!
+      The rectangle of \a field in the coordinates of \a area, the widget the
+      mechanism opens on; on the screen without an area. The field may be on
+      a window of its own.
+    */
+    static QRect fieldRect(const QWidget* field, const QWidget* area);
 
     //! Where the mechanism is moved.
     QPoint position() const;

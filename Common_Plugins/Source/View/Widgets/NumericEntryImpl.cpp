@@ -67,6 +67,7 @@ NumericEntryImpl::NumericEntryImpl(QWidget* parent, const QString& label, const 
     connect(this, &NumericEntryImpl::valueChange, this, qOverload<const QString&>(&NumericEntryImpl::setValue),
             Qt::BlockingQueuedConnection);
     connect(this, &NumericEntryImpl::revertChangeSignal, this, &NumericEntryImpl::revertChanges);
+    connect(m_valueEdit, &QLineEdit::textEdited, this, &NumericEntryImpl::noteEntry);
     connect(m_valueEdit, &QLineEdit::returnPressed, this, &NumericEntryImpl::enterValue);
     connect(m_valueEdit, &QLineEdit::returnPressed, this, &WidgetBaseImpl::CloseEntryMechanism);
 }
@@ -562,6 +563,8 @@ void NumericEntryImpl::addNumpad(bool isHex, bool realtimeUpdate)
     connect(m_numpad, &NumpadEntryImpl::updateUnit, this, &NumericEntryImpl::enterValue);
     connect(m_numpad, qOverload<QString>(&NumpadEntryImpl::valueChanged), this,
             &NumericEntryImpl::setAndEnterValue);
+    connect(m_numpad, qOverload<>(&NumpadEntryImpl::valueChanged), this, &NumericEntryImpl::noteEntry);
+    connect(m_numpad, &BaseEntryImpl::clearEntry, this, &NumericEntryImpl::noteEntry);
     connect(m_numpad, &NumpadEntryImpl::rotateEntryMechanism, this, &NumericEntryImpl::rotateEntryMechanism);
 }
 
@@ -587,10 +590,8 @@ void NumericEntryImpl::displayEntryMechanism()
         m_unitSelector->setEnabled(true);
     const int selectorWidth = m_unitSelector && m_unitSelector->isVisible() ? m_unitSelector->width() : 0;
     const QWidget* area = m_numpad->parentWidget();
-    const QRect field(area ? m_valueEdit->mapTo(area->window(), QPoint()) - area->mapTo(area->window(), QPoint())
-                           : m_valueEdit->mapToGlobal(QPoint()),
-                      m_valueEdit->size());
-    m_placement = EntryPlacement(field, m_numpad->size(), selectorWidth, area ? area->size() : QSize(800, 480));
+    m_placement = EntryPlacement(EntryPlacement::fieldRect(m_valueEdit, area), m_numpad->size(), selectorWidth,
+                                 area ? area->size() : QSize(800, 480));
     m_numpad->move(m_placement.position());
     m_numpad->setValue(m_valueEdit->text());
     if (m_numpad->realtimeUpdate())
@@ -620,8 +621,14 @@ void NumericEntryImpl::closeInput()
 
 void NumericEntryImpl::setAndEnterValue(const QString& text)
 {
+    noteEntry();
     setValue(text);
     enterValue();
+}
+
+void NumericEntryImpl::noteEntry()
+{
+    m_nothingEnteredSinceSend = false;
 }
 
 void NumericEntryImpl::revertChanges()
@@ -998,12 +1005,18 @@ void NumericEntryImpl::enterValue()
             number = ValueHelper::convertValue(text.toDouble(), getDisplayUnit(), getBaseUnit());
         else
             number = std::trunc(ValueHelper::convertValue(long(text.toDouble()), getDisplayUnit(), getBaseUnit()));
-        // The box shows the engine's value until the engine's sample brings the new one.
-        if (!showEngineValue()) {
+        const QString unit = ValueHelper::getUnitString(getDisplayUnit());
+        if (m_nothingEnteredSinceSend && unit == m_unitOfLastSend) {
+            // The box shows the engine's value from before the last send: sent
+            // again, it would undo that send before the engine's sample comes.
+        } else if (!showEngineValue()) {
             qDebug() << "UserInterface - NUMERIC:" << getAttributeName() << "threw exception while sending:" << text;
             revertChanges();
         } else {
+            // The box shows the engine's value until the engine's sample brings the new one.
             startSend(number);
+            m_nothingEnteredSinceSend = true;
+            m_unitOfLastSend = unit;
         }
     }
     emit valueChanged(broadcast(m_valueEdit->text().toDouble()));

@@ -139,6 +139,8 @@ private slots:
     void restoreValue();
     void updateParams();
     void rotateEntryMechanism(const QString& entry);
+    //! The operator entered something (a key, a typed or given text).
+    void noteEntry();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -232,6 +234,9 @@ private:
     QString m_dataType;
     QString m_interface;
     QString m_savedText;
+    //! No key, typed text or given text since the last send; an Enter in its unit has nothing to send.
+    bool m_nothingEnteredSinceSend = false;
+    QString m_unitOfLastSend;
     long m_savedUnit = 0;
     std::atomic<double> m_value{0.0};
     double m_savedValue = 0.0;
