@@ -14,12 +14,13 @@ namespace gui {
 ColumnShares::ColumnShares(QTableView* view)
     : QObject(view)
     , m_view(view)
+    , m_viewport(view->viewport())
 {
     m_refit.setSingleShot(true);
     m_refit.setInterval(0);
     connect(&m_refit, &QTimer::timeout, this, &ColumnShares::fit);
     m_view->installEventFilter(this);
-    m_view->viewport()->installEventFilter(this);
+    m_viewport->installEventFilter(this);
     watchModel();
 }
 
@@ -53,12 +54,22 @@ void ColumnShares::watchModel()
 
 bool ColumnShares::eventFilter(QObject* watched, QEvent* event)
 {
-    // The viewport is resized once the scroll area has placed its bars, so
-    // its size is the room left of the vertical bar.
-    if (watched == m_view->viewport() && event->type() == QEvent::Resize)
-        fit();
-    else if (watched == m_view && (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange))
-        m_refit.start();
+    // Only pointers are compared: the view may be half destroyed by now.
+    switch (event->type()) {
+    case QEvent::Resize:
+        // The viewport is resized once the scroll area has placed its bars,
+        // so its size is the room left of the vertical bar.
+        if (watched == m_viewport)
+            fit();
+        break;
+    case QEvent::StyleChange:
+    case QEvent::FontChange:
+        if (watched == m_view)
+            m_refit.start();
+        break;
+    default:
+        break;
+    }
     return false;
 }
 

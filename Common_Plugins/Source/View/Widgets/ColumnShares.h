@@ -6,6 +6,7 @@
 #include <QVector>
 
 class QTableView;
+class QWidget;
 
 namespace Kelvane {
 namespace gui {
@@ -48,6 +49,7 @@ private:
     int neededWidth(int column) const;
 
     QTableView* m_view;
+    QWidget* m_viewport;
     QVector<double> m_shares;
     int m_wholeTextsWidth = 0;
     //! Coalesces the refits of a list rewritten item by item, and waits out a new sheet's polish.
