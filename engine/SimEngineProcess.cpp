@@ -37,9 +37,9 @@ SimEngineProcess::SimEngineProcess()
 
 SimEngineProcess::~SimEngineProcess()
 {
-    // SIGTERM first: a killed engine leaves its shared-memory files behind.
-    if (isRunning() && !terminate(3000))
-        kill();
+    // SIGTERM first, SIGKILL only if that does not end it: a killed engine
+    // leaves its shared-memory files behind.
+    terminate(3000);
 }
 
 QString SimEngineProcess::program()
@@ -124,8 +124,7 @@ void SimEngineProcess::signal(int number)
 
 bool SimEngineProcess::restart(int timeoutMs)
 {
-    if (isRunning() && !terminate(timeoutMs))
-        kill();
+    terminate(timeoutMs);
     // A killed engine had no time to remove its files; a reader must not take the old ones.
     QFile::remove(iorFile());
     QFile::remove(m_folder.filePath(QStringLiteral("control.ior")));

@@ -32,6 +32,8 @@ struct EngineBinderAttempt
     };
 
     std::vector<Binding> bindings;
+    //! The reference the look-up used, as read from the host's file or text.
+    QString referenceText;
     QString lossReason;
 };
 
@@ -53,13 +55,13 @@ QString engineReferenceText(const QString& reference)
 // On a worker: every CORBA wait of a pass happens here, away from the interface thread.
 void lookUp(EngineBinderAttempt& attempt, const QString& reference)
 {
-    const QString text = engineReferenceText(reference);
-    if (text.isEmpty()) {
+    attempt.referenceText = engineReferenceText(reference);
+    if (attempt.referenceText.isEmpty()) {
         attempt.lossReason = QStringLiteral("no engine reference in \"%1\"").arg(reference);
         return;
     }
     try {
-        CORBA::Object_var object = ORB_Wrapper::objectFromString(text.toStdString());
+        CORBA::Object_var object = ORB_Wrapper::objectFromString(attempt.referenceText.toStdString());
         Brenmoor::AttributeDirectory_var directory = Brenmoor::AttributeDirectory::_narrow(object);
         if (CORBA::is_nil(directory) || directory->_non_existent()) {
             attempt.lossReason = QStringLiteral("no attribute directory at the engine reference");
@@ -78,12 +80,9 @@ void lookUp(EngineBinderAttempt& attempt, const QString& reference)
     }
 }
 
-// On a worker: the reason the engine does not answer, or an empty string.
-QString askIfThere(const QString& reference)
+// On a worker: the reason the bound engine at \a text does not answer, or an empty string.
+QString askIfThere(const QString& text)
 {
-    const QString text = engineReferenceText(reference);
-    if (text.isEmpty())
-        return QStringLiteral("no engine reference in \"%1\"").arg(reference);
     try {
         CORBA::Object_var object = ORB_Wrapper::objectFromString(text.toStdString());
         omniORB::setClientCallTimeout(object, watchTimeoutMs);
@@ -252,6 +251,7 @@ void EngineBinder::bindAll(EngineBinderAttempt& result)
         ++boundWidgets;
     }
     m_bound = true;
+    m_boundReference = result.referenceText;
     m_retry->stop();
     m_watch->start();
     emit bound(boundWidgets);
@@ -283,8 +283,9 @@ void EngineBinder::watch()
         return;
     m_watchRunning = true;
     QPointer<EngineBinder> self(this);
-    QtConcurrent::run([self, reference = m_reference] {
-        const QString reason = askIfThere(reference);
+    // The engine these widgets are bound to, even if the host's file names another by now.
+    QtConcurrent::run([self, text = m_boundReference] {
+        const QString reason = askIfThere(text);
         QMetaObject::invokeMethod(
             QCoreApplication::instance(), [self, reason] {
                 if (!self)

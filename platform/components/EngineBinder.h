@@ -72,6 +72,7 @@ private:
     void watch();
 
     QString m_reference;
+    QString m_boundReference;
     QList<QPointer<QWidget>> m_screens;
     QTimer* m_retry = nullptr;
     QTimer* m_watch = nullptr;

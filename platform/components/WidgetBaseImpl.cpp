@@ -159,11 +159,7 @@ void WidgetBaseImpl::releaseBinding()
     const std::vector<Brenmoor::DDS_BaseObj*> subscriptions = retireSubscriptions();
     // The widget lives on: pending emissions are run, not dropped, which
     // frees a DDS thread waiting in one.
-    awaitDeliveries(subscriptions, [this] {
-        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-        for (QObject* part : findChildren<QObject*>())
-            QCoreApplication::sendPostedEvents(part, QEvent::MetaCall);
-    });
+    awaitDeliveries(subscriptions, &QCoreApplication::sendPostedEvents);
     disposeSubscriptions(subscriptions);
     QMutexLocker lock(&m_attributeMutex);
     releaseAttribute();
@@ -211,11 +207,7 @@ void WidgetBaseImpl::releaseSubscriptions()
     // No new emission reaches the widget, and dropping the pending ones wakes
     // their senders.
     disconnect(this, nullptr, this, nullptr);
-    awaitDeliveries(subscriptions, [this] {
-        QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
-        for (QObject* part : findChildren<QObject*>())
-            QCoreApplication::removePostedEvents(part, QEvent::MetaCall);
-    });
+    awaitDeliveries(subscriptions, &QCoreApplication::removePostedEvents);
     disposeSubscriptions(subscriptions);
 }
 
@@ -232,14 +224,19 @@ std::vector<Brenmoor::DDS_BaseObj*> WidgetBaseImpl::retireSubscriptions()
 }
 
 void WidgetBaseImpl::awaitDeliveries(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions,
-                                     const std::function<void()>& freeWaitingSenders)
+                                     void (*freeWaitingSenders)(QObject* receiver, int eventType))
 {
     // A sample already on its way may be blocked in an emission to the
     // widget or one of its parts; it must end before the subscription goes.
-    freeWaitingSenders();
+    auto freeAll = [this, freeWaitingSenders] {
+        freeWaitingSenders(this, QEvent::MetaCall);
+        for (QObject* part : findChildren<QObject*>())
+            freeWaitingSenders(part, QEvent::MetaCall);
+    };
+    freeAll();
     while (std::any_of(subscriptions.begin(), subscriptions.end(),
                        [](const Brenmoor::DDS_BaseObj* subscription) { return subscription->delivering(); })) {
-        freeWaitingSenders();
+        freeAll();
         QThread::msleep(1);
     }
 }

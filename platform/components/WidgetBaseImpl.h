@@ -201,8 +201,9 @@ private:
     void followEngineLoss(const QString& reason);
     void markEngineLinkLost(const QString& reason);
     std::vector<Brenmoor::DDS_BaseObj*> retireSubscriptions();
+    //! Waits until no delivery runs, handling the widget's and its parts' pending meta-calls meanwhile.
     void awaitDeliveries(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions,
-                         const std::function<void()>& freeWaitingSenders);
+                         void (*freeWaitingSenders)(QObject* receiver, int eventType));
     static void disposeSubscriptions(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions);
 
     QWidget* m_desktop = nullptr;
