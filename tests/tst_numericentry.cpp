@@ -1,11 +1,13 @@
 // NumericEntryImpl: the road of one change from a touch through the keypad
 // to the engine and back, in-process and against an engine process; the
-// unit list and its filter; the texts a field shows; where the keypad opens.
+// unit list and its filter; the units a field follows and sends in; the
+// texts a field shows; where the keypad opens.
 #include "BoundedExit.h"
 #include "ComboBoxImpl.h"
 #include "EntryPlacement.h"
 #include "GlobalImpl.h"
 #include "NumericEntryImpl.h"
+#include "NumericUnits.h"
 #include "NumpadEntryImpl.h"
 #include "QRVStatusBar.h"
 #include "SimEngine.h"
@@ -13,6 +15,7 @@
 #include "SystemModule.h"
 #include "TestSupport.h"
 #include "UnitDescriptions.h"
+#include "ValueHelper.h"
 
 #include <Brenmoor.hh>
 
@@ -25,6 +28,9 @@
 #include <QtTest>
 
 #include <algorithm>
+
+using Kelvane::Value::Units;
+namespace Described = Kelvane::Value::UnitDescriptions;
 
 namespace {
 
@@ -80,6 +86,19 @@ int textRoom(const QLabel* label)
     return label->contentsRect().width() - 2 * label->margin() - std::max(indent, 0);
 }
 
+Units unitOf(const char* description) { return ValueHelper::convertToUnits(QString::fromLatin1(description)); }
+QString labelOf(const Units& unit) { return ValueHelper::getUnitString(unit); }
+
+// A field whose own rule lets every unit stand for every other.
+class AnyUnitField : public NumericEntryImpl
+{
+public:
+    using NumericEntryImpl::NumericEntryImpl;
+
+protected:
+    bool baseUnitsMatch(const Units&, const Units&) const override { return true; }
+};
+
 } // namespace
 
 class TestNumericEntry : public QObject
@@ -101,6 +120,9 @@ private slots:
     void everyInterfaceShowsItsValue();
     void unknownInterfaceBindsToNothing();
     void unitListAndFilter();
+    void unitsFollowTheEngine_data();
+    void unitsFollowTheEngine();
+    void unitsOfASendAndABroadcast();
     void unitSelectorFitsItsWidestUnit_data();
     void unitSelectorFitsItsWidestUnit();
     void textsAndSignals_data();
@@ -393,6 +415,71 @@ void TestNumericEntry::unitListAndFilter()
     NumericEntryImpl local(m_screen);
     local.setUnitListString(QStringLiteral("0,3,0:Hz;;;;|nonsense|0,6,0:Hz;;;;"));
     QCOMPARE(local.unitSelectorWidget()->getList().size(), 2);
+
+    // A field's own rule decides what the filter keeps.
+    AnyUnitField lenient(m_screen);
+    lenient.setUnitListString(QStringLiteral("0,0,0:V;;;;|0,-3,0:V;;;;"));
+    lenient.setFilterByBaseUnit(true);
+    bind(lenient, "Center");
+    QCOMPARE(lenient.unitSelectorWidget()->getList().size(), 2);
+    QCOMPARE(lenient.getUnit(), QStringLiteral("V"));
+}
+
+void TestNumericEntry::unitsFollowTheEngine_data()
+{
+    QTest::addColumn<bool>("filter");
+    QTest::addColumn<bool>("anyUnitMatches");
+    QTest::addColumn<bool>("meterReading"); // a meter's sample moves the display unit too
+    QTest::addColumn<bool>("followed");
+    QTest::addColumn<QString>("base");
+    QTest::addColumn<QString>("display");
+    QTest::addColumn<QString>("wire");
+    // From Hz shown in MHz, a sample comes in dBm.
+    QTest::newRow("without the filter nothing moves") << false << false << true << false << "Hz" << "MHz" << "Hz";
+    QTest::newRow("the rule keeps a matching unit") << true << true << true << false << "Hz" << "MHz" << "Hz";
+    QTest::newRow("a value keeps its display unit") << true << false << false << true << "dBm" << "MHz" << "dBm";
+    QTest::newRow("a meter reading moves it too") << true << false << true << true << "dBm" << "dBm" << "dBm";
+}
+
+void TestNumericEntry::unitsFollowTheEngine()
+{
+    QFETCH(bool, filter);
+    QFETCH(bool, anyUnitMatches);
+    QFETCH(bool, meterReading);
+    NumericUnits units([anyUnitMatches](const Units& a, const Units& b) { return anyUnitMatches || a.base == b.base; });
+    units.setFilterByBaseUnit(filter);
+    units.setWireUnit(unitOf(Described::Hz));
+    units.setDisplayUnit(unitOf(Described::MHz));
+
+    QTEST(units.followBaseUnit(unitOf(Described::dBm), meterReading), "followed");
+    QTEST(labelOf(units.baseUnit()), "base");
+    QTEST(labelOf(units.displayUnit()), "display");
+    QTEST(labelOf(units.forSend().wireUnit), "wire");
+    // Another sample in the same unit changes nothing more.
+    QVERIFY(!units.followBaseUnit(unitOf(Described::dBm), meterReading));
+}
+
+void TestNumericEntry::unitsOfASendAndABroadcast()
+{
+    NumericUnits units([](const Units& a, const Units& b) { return a.base == b.base; });
+    units.setWireUnit(unitOf(Described::Hz));
+    units.setDisplayUnit(unitOf(Described::MHz));
+    // A value given in kHz: the base unit moves, the engine still takes Hz.
+    units.takeBaseUnit(QString::fromLatin1(Described::kHz));
+    QCOMPARE(labelOf(units.forSend().wireUnit), QStringLiteral("Hz"));
+    QCOMPARE(units.forSend().displayLabel, QStringLiteral("MHz"));
+    QCOMPARE(units.inDisplayUnit(2500.0), 2.5);
+    QCOMPARE(units.converted(2500.0, unitOf(Described::GHz)), 0.0025);
+
+    QCOMPARE(units.broadcast(12.0), 12.0);
+    units.setBroadcastUnit(QString::fromLatin1(Described::kHz));
+    QCOMPARE(units.broadcast(12.0), 12000.0);
+    units.clearBroadcastUnit();
+    QCOMPARE(units.broadcast(12.0), 12.0);
+
+    units.setUnitless();
+    QCOMPARE(units.displayUnit(), Units());
+    QCOMPARE(units.inDisplayUnit(2500.0), 2500.0);
 }
 
 void TestNumericEntry::unitSelectorFitsItsWidestUnit_data()

@@ -27,8 +27,6 @@ using Kelvane::Value::Units;
 
 namespace {
 
-const char* const unitlessDescription = "0,0,0:1;;;;";
-
 QString wholeNumberText(long value, bool hex)
 {
     return QString::number(value, hex ? 16 : 10);
@@ -82,15 +80,15 @@ NumericEntryImpl::~NumericEntryImpl()
 
 // ---- properties ----------------------------------------------------------
 
-QString NumericEntryImpl::getUnitListString() const { return m_unitListString; }
+QString NumericEntryImpl::getUnitListString() const { return m_units.descriptions(); }
 int NumericEntryImpl::getDefaultUnit() const { return int(m_defaultUnit); }
 void NumericEntryImpl::setDefaultUnit(int key) { m_defaultUnit = key; }
 int NumericEntryImpl::getSliderBar() const { return m_sliderBar; }
 void NumericEntryImpl::setSliderBar(int sliderBar) { m_sliderBar = sliderBar; }
 bool NumericEntryImpl::getIsHex() const { return m_isHex; }
 void NumericEntryImpl::setIsHex(bool isHex) { m_isHex = isHex; }
-bool NumericEntryImpl::getFilterByBaseUnit() const { return m_filterByBaseUnit; }
-void NumericEntryImpl::setFilterByBaseUnit(bool filter) { m_filterByBaseUnit = filter; }
+bool NumericEntryImpl::getFilterByBaseUnit() const { return m_units.filterByBaseUnit(); }
+void NumericEntryImpl::setFilterByBaseUnit(bool filter) { m_units.setFilterByBaseUnit(filter); }
 bool NumericEntryImpl::getReadOnly() const { return m_readOnly; }
 bool NumericEntryImpl::getSpinWheel() const { return m_useSpinWheel; }
 void NumericEntryImpl::setSpinWheel(bool useSpinWheel) { m_useSpinWheel = useSpinWheel; }
@@ -102,67 +100,34 @@ void NumericEntryImpl::setNumLocked(bool locked) { m_numLocked = locked; }
 NumpadEntryImpl* NumericEntryImpl::numpadWidget() const { return m_numpad; }
 ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector; }
 double NumericEntryImpl::baseValue() const { return m_value; }
-
-Units NumericEntryImpl::getBaseUnit() const
-{
-    QMutexLocker lock(&m_unitMutex);
-    return m_baseUnit;
-}
-
-Units NumericEntryImpl::getDisplayUnit() const
-{
-    QMutexLocker lock(&m_unitMutex);
-    return m_displayUnit;
-}
+Units NumericEntryImpl::getBaseUnit() const { return m_units.baseUnit(); }
+Units NumericEntryImpl::getDisplayUnit() const { return m_units.displayUnit(); }
+void NumericEntryImpl::setBroadcastUnit(const QString& unit) { m_units.setBroadcastUnit(unit); }
+void NumericEntryImpl::clearBroadcastUnit() { m_units.clearBroadcastUnit(); }
 
 QString NumericEntryImpl::getUnit() const
 {
     return m_unitSelector ? m_unitSelector->getText() : QString();
 }
 
-void NumericEntryImpl::setUnitListString(const QString& units)
-{
-    m_unitListString = units;
-    addUnits(units);
-}
-
 // ---- the unit list -------------------------------------------------------
 
-void NumericEntryImpl::addUnits(const QString& units)
+void NumericEntryImpl::setUnitListString(const QString& units)
 {
-    m_unitTable.clear();
-    const QStringList parts = units.split(QLatin1Char('|'), Qt::SkipEmptyParts);
-    for (int i = 0; i < parts.size(); ++i) {
-        Units unit;
-        QString error;
-        // A bad description costs its own entry only.
-        if (!ValueHelper::parseUnits(parts.at(i), &unit, &error)) {
-            qDebug() << "UserInterface -" << getAttributeName() << "ignores the unit" << parts.at(i) << ":" << error;
-            continue;
-        }
-        m_unitTable.insert(i, unit);
-    }
-    if (CORBA::is_nil(m_attribute) && m_unitTable.contains(0)) {
-        QMutexLocker lock(&m_unitMutex);
-        m_baseUnit = m_unitTable.value(0);
-    }
+    m_units.setDescriptions(units, getAttributeName());
+    if (CORBA::is_nil(m_attribute) && m_units.contains(0))
+        m_units.setBaseUnit(m_units.unit(0));
     updateUnitListWidget();
 }
 
 void NumericEntryImpl::updateUnitListWidget()
 {
     m_noUnitMatch = false;
-    QList<long> sortedKeys = m_unitTable.keys();
-    std::sort(sortedKeys.begin(), sortedKeys.end());
+    const QList<long> keys = m_units.offeredKeys();
     const Units base = getBaseUnit();
     QStringList labels;
-    QList<long> keys;
-    for (long key : sortedKeys) {
-        if (m_filterByBaseUnit && !baseUnitsMatch(m_unitTable.value(key), base))
-            continue;
-        keys << key;
-        labels << ValueHelper::getUnitString(m_unitTable.value(key));
-    }
+    for (long key : keys)
+        labels << ValueHelper::getUnitString(m_units.unit(key));
     addUnits(labels, keys);
     if (m_numpad)
         m_numpad->setUnitList(labels);
@@ -171,7 +136,7 @@ void NumericEntryImpl::updateUnitListWidget()
     setIndex(m_defaultUnit);
     if (keys.isEmpty() && m_unitSelector) {
         qDebug() << "UserInterface -" << getAttributeName() << "expected units but found none that match. --"
-                 << m_unitListString;
+                 << m_units.descriptions();
         qDebug() << "UserInterface -" << getAttributeName() << ": going to use baseUnit:";
         ValueHelper::printUnit(base);
         m_noUnitMatch = true;
@@ -247,11 +212,11 @@ void NumericEntryImpl::setIndex(const long& key)
 {
     if (!m_unitKeys.contains(key) || m_noUnitMatch)
         return;
-    setDisplayUnit(m_unitTable.value(key));
+    m_units.setDisplayUnit(m_units.unit(key));
     m_defaultUnit = key;
     if (m_unitSelector)
         m_unitSelector->setEnum(key);
-    updateReading(converted(m_value, m_unitTable.value(key)));
+    updateReading(m_units.converted(m_value, m_units.unit(key)));
     updateSliderBounds(key);
     emit unitChanged(m_unitSelector ? m_unitSelector->getText() : QString());
     emit newUnit(key);
@@ -268,62 +233,18 @@ void NumericEntryImpl::setUnit(const QString& unit)
     closeInput();
 }
 
-void NumericEntryImpl::setDisplayUnit(const Units& unit)
-{
-    QMutexLocker lock(&m_unitMutex);
-    m_displayUnit = unit;
-}
-
-double NumericEntryImpl::converted(double value, const Units& to) const
-{
-    return ValueHelper::convertValue(value, getBaseUnit(), to);
-}
-
-double NumericEntryImpl::inDisplayUnit(double value) const
-{
-    QMutexLocker lock(&m_unitMutex);
-    return ValueHelper::convertValue(value, m_baseUnit, m_displayUnit);
-}
-
 void NumericEntryImpl::initializeValueUnits(const Units& wire)
 {
-    {
-        QMutexLocker lock(&m_unitMutex);
-        m_wireUnit = wire;
-        m_baseUnit = wire;
-        m_displayUnit = wire;
-    }
-    if (m_unitListString.isEmpty()) {
+    m_units.setWireUnit(wire);
+    if (m_units.descriptions().isEmpty()) {
         qDebug() << "UserInterface - ERROR:" << getAttributeName()
                  << "uses unit based values, set Units string in UI file.";
         return;
     }
-    addUnits(m_unitListString);
+    // Offered again against the engine's base unit.
+    setUnitListString(m_units.descriptions());
     if (m_unitKeys.contains(m_defaultUnit))
-        setDisplayUnit(m_unitTable.value(m_defaultUnit));
-}
-
-void NumericEntryImpl::initializeNoValueUnits()
-{
-    const Units unitless = ValueHelper::convertToUnits(QString::fromLatin1(unitlessDescription));
-    QMutexLocker lock(&m_unitMutex);
-    m_baseUnit = unitless;
-    m_displayUnit = unitless;
-}
-
-void NumericEntryImpl::setBroadcastUnit(const QString& unit)
-{
-    m_broadcastUnit = std::make_unique<Units>(ValueHelper::convertToUnits(unit));
-}
-
-void NumericEntryImpl::clearBroadcastUnit()
-{
-    m_broadcastUnit.reset();
-}
-
-double NumericEntryImpl::broadcast(double number) const
-{
-    return m_broadcastUnit ? ValueHelper::convertValue(number, getDisplayUnit(), *m_broadcastUnit) : number;
+        m_units.setDisplayUnit(m_units.unit(m_defaultUnit));
 }
 
 // ---- texts ---------------------------------------------------------------
@@ -352,19 +273,12 @@ void NumericEntryImpl::updateReading(long value)
     emit valueChanged(double(value));
 }
 
-void NumericEntryImpl::takeBaseUnit(const QString& description)
-{
-    const Units unit = ValueHelper::convertToUnits(description);
-    QMutexLocker lock(&m_unitMutex);
-    m_baseUnit = unit;
-}
-
 void NumericEntryImpl::setValue(double value, const QString& inputUnit)
 {
     m_value = value;
     if (!inputUnit.isEmpty()) {
-        takeBaseUnit(inputUnit);
-        value = inDisplayUnit(value);
+        m_units.takeBaseUnit(inputUnit);
+        value = m_units.inDisplayUnit(value);
     }
     updateReading(value);
 }
@@ -379,8 +293,8 @@ void NumericEntryImpl::setValue(long value, const QString& inputUnit)
     m_value = double(value);
     double shown = double(value);
     if (!inputUnit.isEmpty()) {
-        takeBaseUnit(inputUnit);
-        shown = inDisplayUnit(shown);
+        m_units.takeBaseUnit(inputUnit);
+        shown = m_units.inDisplayUnit(shown);
     }
     updateReading(long(shown));
 }
@@ -401,7 +315,7 @@ void NumericEntryImpl::setValue(const QString& text)
         return;
     else
         number = text.toDouble();
-    emit valueChanged(broadcast(number));
+    emit valueChanged(m_units.broadcast(number));
 }
 
 // The small field keeps what the cut leaves, however odd: an operator of the
@@ -422,7 +336,7 @@ QString NumericEntryImpl::thumbCut(const QString& text) const
 
 void NumericEntryImpl::setPrecision(int precision)
 {
-    setPrecision(precision, inDisplayUnit(m_value));
+    setPrecision(precision, m_units.inDisplayUnit(m_value));
 }
 
 void NumericEntryImpl::setPrecision(int precision, double value)
@@ -556,7 +470,7 @@ void NumericEntryImpl::addNumpad(bool isHex, bool realtimeUpdate)
 {
     const QList<QString> units = m_unitNames;
     m_numpad = new NumpadEntryImpl(m_valueEdit, window(), &units, isHex, 260, 380, realtimeUpdate,
-                                   inDisplayUnit(m_lowerLimit), inDisplayUnit(m_upperLimit), m_precision);
+                                   m_units.inDisplayUnit(m_lowerLimit), m_units.inDisplayUnit(m_upperLimit), m_precision);
     m_numpad->hide();
     connect(m_numpad, &BaseEntryImpl::cancelEntry, this, &NumericEntryImpl::restoreValue);
     connect(m_numpad, &NumpadEntryImpl::updateUnit, this, &NumericEntryImpl::setUnit);
@@ -636,7 +550,7 @@ void NumericEntryImpl::revertChanges()
     m_valueEdit->setText(m_savedText);
     if (m_unitSelector) {
         m_unitSelector->setEnum(m_savedUnit);
-        setDisplayUnit(m_unitTable.value(m_savedUnit, getDisplayUnit()));
+        m_units.setDisplayUnit(m_units.unit(m_savedUnit, getDisplayUnit()));
     }
     updateSliderBounds(m_savedUnit);
 }
@@ -654,8 +568,8 @@ void NumericEntryImpl::updateSliderBounds(long key)
 {
     if (!m_numpad || !m_numpad->realtimeUpdate())
         return;
-    const Units unit = m_unitTable.value(key, getBaseUnit());
-    m_numpad->updateLimits(converted(m_lowerLimit, unit), converted(m_upperLimit, unit));
+    const Units unit = m_units.unit(key, getBaseUnit());
+    m_numpad->updateLimits(m_units.converted(m_lowerLimit, unit), m_units.converted(m_upperLimit, unit));
 }
 
 // ---- binding -------------------------------------------------------------
@@ -748,7 +662,7 @@ void NumericEntryImpl::bindSettable(const QString& interface)
     if (!readValue(interface, failure.constData()))
         return;
     if (!interface.startsWith(QLatin1String("EngineAttribValue")))
-        initializeNoValueUnits();
+        m_units.setUnitless();
     setPrecision(interface.endsWith(QLatin1String("Long")) ? 0 : m_precision);
     if (interface == QLatin1String("EngineAttribLong"))
         setValue(wholeNumberText(long(m_value), m_isHex));
@@ -847,7 +761,7 @@ void NumericEntryImpl::bindMeter()
         if (list->flag0)
             setValue(QString());
         else
-            setValue(QString::number(inDisplayUnit(m_value), 'g', 6) + (list->flag1 ? QStringLiteral("?") : QString()));
+            setValue(QString::number(m_units.inDisplayUnit(m_value), 'g', 6) + (list->flag1 ? QStringLiteral("?") : QString()));
     }
     subscribeValue(QStringLiteral("EngineReadingMeterReading"));
     setReadOnlyStyle();
@@ -915,19 +829,10 @@ void NumericEntryImpl::dds_callback_double(const char*, double value)
     emit valueChange(m_isHex ? QString::number(qint64(value), 16) : QString::number(value, 'g', 6));
 }
 
-bool NumericEntryImpl::followBaseUnit(const Units& wire, bool alsoDisplay)
+void NumericEntryImpl::followBaseUnit(const Units& wire, bool alsoDisplay)
 {
-    if (!m_filterByBaseUnit || baseUnitsMatch(wire, getBaseUnit()))
-        return false;
-    {
-        QMutexLocker lock(&m_unitMutex);
-        m_wireUnit = wire;
-        m_baseUnit = wire;
-        if (alsoDisplay)
-            m_displayUnit = wire;
-    }
-    emit baseUnitChanged(wire);
-    return true;
+    if (m_units.followBaseUnit(wire, alsoDisplay))
+        emit baseUnitChanged(wire);
 }
 
 void NumericEntryImpl::dds_callback_valueDouble(const char*, const Brenmoor::VALUE_DOUBLE::VALUE& value)
@@ -936,7 +841,7 @@ void NumericEntryImpl::dds_callback_valueDouble(const char*, const Brenmoor::VAL
     const Units unit = ValueHelper::convertToUnits(value.units);
     logReceived(value.currentValue, unit);
     followBaseUnit(unit, false);
-    emit valueChange(QString::number(inDisplayUnit(value.currentValue), 'f', m_precision));
+    emit valueChange(QString::number(m_units.inDisplayUnit(value.currentValue), 'f', m_precision));
 }
 
 void NumericEntryImpl::dds_callback_valueLong(const char*, const Brenmoor::VALUE_LONG::VALUE& value)
@@ -945,7 +850,7 @@ void NumericEntryImpl::dds_callback_valueLong(const char*, const Brenmoor::VALUE
     const Units unit = ValueHelper::convertToUnits(value.units);
     logReceived(value.currentValue, unit);
     followBaseUnit(unit, false);
-    emit valueChange(QString::number(inDisplayUnit(double(value.currentValue)), 'g', 6));
+    emit valueChange(QString::number(m_units.inDisplayUnit(double(value.currentValue)), 'g', 6));
 }
 
 void NumericEntryImpl::dds_callback_meter(const char*, const Brenmoor::MeterReading::Reading& reading)
@@ -969,7 +874,7 @@ void NumericEntryImpl::dds_callback_meter(const char*, const Brenmoor::MeterRead
     else if (reading.flag0)
         emit valueChange(QString());
     else
-        emit valueChange(QString::number(inDisplayUnit(entry.value), 'f', m_precision)
+        emit valueChange(QString::number(m_units.inDisplayUnit(entry.value), 'f', m_precision)
                          + (reading.flag1 ? QStringLiteral("?") : QString()));
 }
 
@@ -1019,7 +924,7 @@ void NumericEntryImpl::enterValue()
             m_unitOfLastSend = unit;
         }
     }
-    emit valueChanged(broadcast(m_valueEdit->text().toDouble()));
+    emit valueChanged(m_units.broadcast(m_valueEdit->text().toDouble()));
 }
 
 bool NumericEntryImpl::showEngineValue()
@@ -1032,10 +937,10 @@ bool NumericEntryImpl::showEngineValue()
             shown = QString::number(Brenmoor::EngineAttribDouble::_narrow(m_attribute)->value(), 'f', m_precision);
         } else if (m_dataType == QLatin1String("ValueDouble")) {
             Brenmoor::VALUE_DOUBLE::VALUE_var value = Brenmoor::EngineAttribValueDouble::_narrow(m_attribute)->value();
-            shown = QString::number(inDisplayUnit(value->currentValue), 'f', m_precision);
+            shown = QString::number(m_units.inDisplayUnit(value->currentValue), 'f', m_precision);
         } else {
             Brenmoor::VALUE_LONG::VALUE_var value = Brenmoor::EngineAttribValueLong::_narrow(m_attribute)->value();
-            shown = QString::number(inDisplayUnit(double(value->currentValue)), 'g', 6);
+            shown = QString::number(m_units.inDisplayUnit(double(value->currentValue)), 'g', 6);
         }
     });
     if (outcome != EngineCall::Done)
@@ -1046,8 +951,8 @@ bool NumericEntryImpl::showEngineValue()
 
 NumericEntryImpl::Outgoing NumericEntryImpl::outgoing(double number) const
 {
-    QMutexLocker lock(&m_unitMutex);
-    return {m_dataType, number, m_wireUnit, ValueHelper::getUnitString(m_displayUnit), m_valueEdit->text()};
+    const NumericUnits::ForSend units = m_units.forSend();
+    return {m_dataType, number, units.wireUnit, units.displayLabel, m_valueEdit->text()};
 }
 
 // ---- sends, on a worker ----------------------------------------------------

@@ -2,15 +2,12 @@
 #define NUMERICENTRYIMPL_H
 
 #include "EntryPlacement.h"
-#include "Units.h"
+#include "NumericUnits.h"
 #include "WidgetBaseImpl.h"
 
-#include <QHash>
-#include <QMutex>
 #include <QStringList>
 
 #include <atomic>
-#include <memory>
 
 class ComboBoxImpl;
 class NumpadEntryImpl;
@@ -160,23 +157,17 @@ private:
         QString fieldText;
     };
 
-    void addUnits(const QString& units);
     void addUnits(const QStringList& labels, const QList<long>& keys);
     void createUnitSelector();
     void fitUnitSelector();
     int unitSelectorWidth() const;
     void initializeValueUnits(const Kelvane::Value::Units& wire);
-    void initializeNoValueUnits();
     void setPrecision(int precision, double value);
-    //! A value given with a unit description brings the base unit along.
-    void takeBaseUnit(const QString& description);
     void updateReading(double value);
     void updateReading(long value);
     void setReadOnlyStyle();
     void buildSheets(bool lockImage);
     QString thumbCut(const QString& text) const;
-    double converted(double value, const Kelvane::Value::Units& to) const;
-    double broadcast(double number) const;
 
     void bindSettable(const QString& interface);
     void bindReading(const QString& interface);
@@ -202,11 +193,8 @@ private:
     void dds_callback_meter(const char* topic, const Brenmoor::MeterReading::Reading& reading);
     void dds_params_callback(const char* topic);
     void logReceived(double number, const Kelvane::Value::Units& unit) const;
-    //! Takes \a wire as the new base unit when the filter asks for it; true if it did.
-    bool followBaseUnit(const Kelvane::Value::Units& wire, bool alsoDisplay);
-    //! \a value in the base unit, as the display unit reads it; safe from a DDS thread.
-    double inDisplayUnit(double value) const;
-    void setDisplayUnit(const Kelvane::Value::Units& unit);
+    //! Takes \a wire as the new base unit when the filter asks for it, and tells the selector.
+    void followBaseUnit(const Kelvane::Value::Units& wire, bool alsoDisplay);
 
     QStringList m_readingNames;
     QString m_sizeName;
@@ -230,7 +218,6 @@ private:
     QString m_styleUnitMax, m_styleUnitMin, m_styleUnitThumb;
     QString m_stylePlainMax, m_stylePlainMin, m_stylePlainThumb;
     QString m_styleReadOnly;
-    QString m_unitListString;
     QString m_dataType;
     QString m_interface;
     QString m_savedText;
@@ -242,19 +229,13 @@ private:
     double m_savedValue = 0.0;
     std::atomic<long> m_readingIndex{0};
     bool m_isHex = false;
-    bool m_filterByBaseUnit = false;
     bool m_noUnitMatch = false;
     EntryPlacement m_placement;
     bool m_useSpinWheel = true;
     bool m_realtimeUpdate = false;
-    //! The unit as the engine gave it; it goes back out with every value.
-    Kelvane::Value::Units m_wireUnit;
-    std::unique_ptr<Kelvane::Value::Units> m_broadcastUnit;
-    Kelvane::Value::Units m_baseUnit;
-    Kelvane::Value::Units m_displayUnit;
-    QHash<long, Kelvane::Value::Units> m_unitTable;
-    //! Guards the three units above against the DDS threads, which read and follow them.
-    mutable QMutex m_unitMutex;
+    NumericUnits m_units{[this](const Kelvane::Value::Units& a, const Kelvane::Value::Units& b) {
+        return baseUnitsMatch(a, b);
+    }};
     //! The state of the last meter reading, for texts made on the interface thread.
     std::atomic<bool> m_readingHasNoValue{false};
     std::atomic<bool> m_readingDoubtful{false};
