@@ -1,6 +1,7 @@
 // MeterBarImpl bound to the simulated engine: limit labels in the unit
-// that fits, the reading and unit chosen through registered selectors, the
-// state colours the flags give, the sizes, and teardown while samples flow.
+// that fits, the reading and unit chosen through registered selectors of
+// any kind, the state colours the flags give, the sizes, and teardown
+// while samples flow.
 #include "BoundedExit.h"
 #include "ComboBoxImpl.h"
 #include "GlobalImpl.h"
@@ -12,6 +13,8 @@
 #include "QRVStatusBar.h"
 #include "SimEngine.h"
 #include "TestSupport.h"
+#include "UnitSelector.h"
+#include "ValueHelper.h"
 
 #include <Brenmoor.hh>
 
@@ -144,6 +147,29 @@ private:
 
 Q_DECLARE_METATYPE(Hue)
 
+// A unit chooser that is no numeric field: dBm or mW, mW chosen.
+class PowerUnitChooser : public QWidget, public UnitSelector
+{
+    Q_OBJECT
+    Q_INTERFACES(UnitSelector)
+
+public:
+    bool selectableUnits(QList<Kelvane::Value::Units>* units, QString*) const override
+    {
+        *units = {ValueHelper::convertToUnits(QStringLiteral("10,0,-3:W;;;;")),
+                  ValueHelper::convertToUnits(QStringLiteral("0,-3,0:W;;;;"))};
+        return true;
+    }
+    long selectedUnitKey() const override { return 1; }
+    QMetaObject::Connection followUnitChoice(QObject* receiver, std::function<void(long)> onChoice) override
+    {
+        return connect(this, &PowerUnitChooser::chosen, receiver, std::move(onChoice));
+    }
+
+signals:
+    void chosen(long key);
+};
+
 class TestMeter : public QObject
 {
     Q_OBJECT
@@ -153,6 +179,7 @@ private slots:
     void cleanup();
     void limitsInTheUnitThatFits();
     void readingAndUnitFromSelectors();
+    void unitFromAnySelector();
     void stateFromFlags_data();
     void stateFromFlags();
     void nanReadingChangesNothing();
@@ -280,6 +307,27 @@ void TestMeter::readingAndUnitFromSelectors()
     m_engine->setValue("Level", -70.0);
     QTest::qWait(300);
     QCOMPARE(limitLabels(*meter).value(0), QStringLiteral("0.0 dBm"));
+}
+
+void TestMeter::unitFromAnySelector()
+{
+    MeterBarImpl* meter = boundMeter("Level");
+    PowerUnitChooser chooser;
+    meter->registerUnitSelector(&chooser);
+    QVERIFY(engineSays("Level", -10.0, [meter] { return limitLabels(*meter).value(0) == QLatin1String("1.0 mW"); }));
+    emit chooser.chosen(0);
+    QVERIFY(engineSays("Level", -10.0, [meter] { return limitLabels(*meter).value(0) == QLatin1String("0.0 dBm"); }));
+
+    // One unreadable unit refuses the whole selector: its keys would name other units.
+    emit chooser.chosen(1);
+    NumericEntryImpl broken(m_screen, QStringLiteral("Unit"));
+    broken.setUnitListString(QStringLiteral("10,0,-3:W;;;;|nonsense|0,-3,0:W;;;;"));
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("ignores a unit selector with an unreadable unit"));
+    meter->registerUnitSelector(&broken);
+    broken.setIndex(0L);
+    m_engine->setValue("Level", -10.0);
+    QTest::qWait(300);
+    QCOMPARE(limitLabels(*meter).value(0), QStringLiteral("1.0 mW"));
 }
 
 void TestMeter::stateFromFlags_data()

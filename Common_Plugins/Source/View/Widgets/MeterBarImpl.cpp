@@ -7,9 +7,9 @@
 #include "MeterBar_HorizontalScale.h"
 #include "MeterBar_Scale.h"
 #include "MeterReadings.h"
-#include "NumericEntryImpl.h"
 #include "QRVUtil.h"
 #include "UnitError.h"
+#include "UnitSelector.h"
 #include "ValueHelper.h"
 
 #include <Brenmoor.hh>
@@ -287,29 +287,24 @@ void MeterBarImpl::registerReadingSelector(QWidget* combobox)
         connect(selector, &ComboBoxImpl::updateEnum, this, &MeterBarImpl::setReadingIndex);
 }
 
-void MeterBarImpl::registerUnitSelector(QWidget* numericEntry)
+void MeterBarImpl::registerUnitSelector(QWidget* widget)
 {
-    auto* entry = qobject_cast<NumericEntryImpl*>(numericEntry);
-    if (!entry)
+    auto* selector = qobject_cast<UnitSelector*>(widget);
+    if (!selector)
         return;
     QList<Units> units;
-    const QStringList descriptions = entry->getUnitListString().split(QLatin1Char('|'), Qt::SkipEmptyParts);
-    for (const QString& description : descriptions) {
-        QString error;
-        Units unit;
-        if (!ValueHelper::parseUnits(description, &unit, &error)) {
-            qDebug().noquote() << "UserInterface - MeterBar" << getAttributeName()
-                               << "ignores a unit selector with an unreadable unit:" << error;
-            return;
-        }
-        units << unit;
+    QString error;
+    if (!selector->selectableUnits(&units, &error)) {
+        qDebug().noquote() << "UserInterface - MeterBar" << getAttributeName()
+                           << "ignores a unit selector with an unreadable unit:" << error;
+        return;
     }
     {
         QMutexLocker lock(&m_unitsMutex);
         m_units << units;
     }
-    m_currentUnit = entry->getDefaultUnit();
-    connect(entry, &NumericEntryImpl::newUnit, this, &MeterBarImpl::setCurrentUnit);
+    m_currentUnit = selector->selectedUnitKey();
+    selector->followUnitChoice(this, [this](long key) { setCurrentUnit(key); });
 }
 
 MeterBarImpl::Figures MeterBarImpl::figuresOf(const Brenmoor::MeterReading::Reading& reading, long index) const

@@ -34,9 +34,9 @@ namespace MeterReading { struct Reading; }
   lying down in the "Thumb" size. The upright labels stay inside the
   widget, their texts elided when it is narrower than its minimum size
   hint. Which reading (peak, live, RMS, ...) and
-  which unit are shown may be chosen by a ComboBoxImpl and a
-  NumericEntryImpl registered against the meter; it never sends anything
-  to the engine. Samples are drawn on the DDS thread, at most every 300 ms.
+  which unit are shown may be chosen by a ComboBoxImpl and a UnitSelector
+  (a NumericEntryImpl, say) registered against the meter; it never sends
+  anything to the engine. Samples are drawn on the DDS thread, at most every 300 ms.
 */
 class MeterBarImpl : public WidgetBaseImpl
 {
@@ -49,8 +49,8 @@ public:
 
     //! Offers the readings of the bound attribute in \a combobox; call it after binding.
     Q_INVOKABLE void registerReadingSelector(QWidget* combobox);
-    //! Shows the meter in the unit chosen in \a numericEntry.
-    Q_INVOKABLE virtual void registerUnitSelector(QWidget* numericEntry);
+    //! Shows the meter in the unit chosen in \a widget, if it is a UnitSelector.
+    Q_INVOKABLE virtual void registerUnitSelector(QWidget* widget);
     virtual bool horizontal() const;
     virtual void setHorizontal(bool horizontal);
     //! On the DDS thread: brings one sample to the bar and the limit labels.

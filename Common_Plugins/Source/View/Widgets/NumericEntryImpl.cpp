@@ -104,6 +104,17 @@ Units NumericEntryImpl::getBaseUnit() const { return m_units.baseUnit(); }
 Units NumericEntryImpl::getDisplayUnit() const { return m_units.displayUnit(); }
 void NumericEntryImpl::setBroadcastUnit(const QString& unit) { m_units.setBroadcastUnit(unit); }
 void NumericEntryImpl::clearBroadcastUnit() { m_units.clearBroadcastUnit(); }
+long NumericEntryImpl::selectedUnitKey() const { return m_defaultUnit; }
+
+bool NumericEntryImpl::selectableUnits(QList<Units>* units, QString* error) const
+{
+    return m_units.allUnits(units, error);
+}
+
+QMetaObject::Connection NumericEntryImpl::followUnitChoice(QObject* receiver, std::function<void(long)> onChoice)
+{
+    return connect(this, &NumericEntryImpl::newUnit, receiver, std::move(onChoice));
+}
 
 QString NumericEntryImpl::getUnit() const
 {

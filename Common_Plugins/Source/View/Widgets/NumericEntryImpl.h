@@ -3,6 +3,7 @@
 
 #include "EntryPlacement.h"
 #include "NumericUnits.h"
+#include "UnitSelector.h"
 #include "WidgetBaseImpl.h"
 
 #include <QStringList>
@@ -28,6 +29,7 @@ namespace MeterReading { struct Reading; }
   that the selector or a unit key of the keypad chose. The unit list comes
   from the form's Units property (unit descriptions joined by "|"); with
   FilterByBaseUnit only the units of the attribute's base unit are offered.
+  Other widgets may show their figures in the unit chosen here (UnitSelector).
 
   Bound, it follows one of nine engine interfaces. Samples arrive on a DDS
   thread and reach the box through one blocking queued signal; a typed
@@ -35,9 +37,10 @@ namespace MeterReading { struct Reading; }
   value until the engine's sample brings the accepted one. A refused value
   puts back what the box showed before the touch.
 */
-class NumericEntryImpl : public WidgetBaseImpl
+class NumericEntryImpl : public WidgetBaseImpl, public UnitSelector
 {
     Q_OBJECT
+    Q_INTERFACES(UnitSelector)
     Q_PROPERTY(QString Units READ getUnitListString WRITE setUnitListString)
     Q_PROPERTY(int DefaultUnit READ getDefaultUnit WRITE setDefaultUnit)
     Q_PROPERTY(int SliderBar READ getSliderBar WRITE setSliderBar)
@@ -100,6 +103,11 @@ public:
     double baseValue() const;
     Kelvane::Value::Units getBaseUnit() const;
     Kelvane::Value::Units getDisplayUnit() const;
+
+    //! The units of the Units property; any unreadable one refuses them all.
+    bool selectableUnits(QList<Kelvane::Value::Units>* units, QString* error) const override;
+    long selectedUnitKey() const override;
+    QMetaObject::Connection followUnitChoice(QObject* receiver, std::function<void(long)> onChoice) override;
 
     //! The label of a meter reading's type ("RMS", "Peak Positive", ...).
     static QString translateReadingType(long type);

@@ -18,6 +18,7 @@ void NumericUnits::setDescriptions(const QString& descriptions, const QString& o
 {
     m_descriptions = descriptions;
     m_table.clear();
+    m_unreadable.clear();
     const QStringList parts = descriptions.split(QLatin1Char('|'), Qt::SkipEmptyParts);
     for (int i = 0; i < parts.size(); ++i) {
         Units unit;
@@ -25,6 +26,8 @@ void NumericUnits::setDescriptions(const QString& descriptions, const QString& o
         // A bad description costs its own entry only.
         if (!ValueHelper::parseUnits(parts.at(i), &unit, &error)) {
             qDebug() << "UserInterface -" << owner << "ignores the unit" << parts.at(i) << ":" << error;
+            if (m_unreadable.isNull())
+                m_unreadable = error;
             continue;
         }
         m_table.insert(i, unit);
@@ -37,10 +40,28 @@ Units NumericUnits::unit(long key, const Units& fallback) const { return m_table
 bool NumericUnits::filterByBaseUnit() const { return m_filterByBaseUnit; }
 void NumericUnits::setFilterByBaseUnit(bool filter) { m_filterByBaseUnit = filter; }
 
-QList<long> NumericUnits::offeredKeys() const
+bool NumericUnits::allUnits(QList<Units>* units, QString* error) const
+{
+    if (!m_unreadable.isNull()) {
+        *error = m_unreadable;
+        return false;
+    }
+    units->clear();
+    for (long key : sortedKeys())
+        *units << m_table.value(key);
+    return true;
+}
+
+QList<long> NumericUnits::sortedKeys() const
 {
     QList<long> keys = m_table.keys();
     std::sort(keys.begin(), keys.end());
+    return keys;
+}
+
+QList<long> NumericUnits::offeredKeys() const
+{
+    QList<long> keys = sortedKeys();
     if (!m_filterByBaseUnit)
         return keys;
     const Units base = baseUnit();

@@ -42,6 +42,8 @@ public:
     QString descriptions() const;
     bool contains(long key) const;
     Kelvane::Value::Units unit(long key, const Kelvane::Value::Units& fallback = Kelvane::Value::Units()) const;
+    //! Every unit of the table in key order; false, with the parser's \a error, if a description was unreadable.
+    bool allUnits(QList<Kelvane::Value::Units>* units, QString* error) const;
     //! The keys of the units to offer, in order: with the filter, those of the base unit only.
     QList<long> offeredKeys() const;
     bool filterByBaseUnit() const;
@@ -71,9 +73,13 @@ public:
     double broadcast(double number) const;
 
 private:
+    QList<long> sortedKeys() const;
+
     BaseUnitsMatch m_baseUnitsMatch;
     QString m_descriptions;
     QHash<long, Kelvane::Value::Units> m_table;
+    //! The parser's word on the first unreadable description, if any.
+    QString m_unreadable;
     bool m_filterByBaseUnit = false;
     std::optional<Kelvane::Value::Units> m_broadcastUnit;
     Kelvane::Value::Units m_wireUnit;
