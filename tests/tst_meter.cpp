@@ -11,6 +11,7 @@
 #include "QRVUtil.h"
 #include "NumericEntryImpl.h"
 #include "QRVStatusBar.h"
+#include "ReadingSelector.h"
 #include "SimEngine.h"
 #include "TestSupport.h"
 #include "UnitSelector.h"
@@ -147,6 +148,25 @@ private:
 
 Q_DECLARE_METATYPE(Hue)
 
+// A reading chooser that is no combo box: it keeps what it is offered.
+class ReadingChooser : public QWidget, public ReadingSelector
+{
+    Q_OBJECT
+    Q_INTERFACES(ReadingSelector)
+
+public:
+    void offerReadings(const QStringList& names) override { offered = names; }
+    QMetaObject::Connection followReadingChoice(QObject* receiver, std::function<void(long)> onChoice) override
+    {
+        return connect(this, &ReadingChooser::picked, receiver, std::move(onChoice));
+    }
+
+    QStringList offered;
+
+signals:
+    void picked(long index);
+};
+
 // A unit chooser that is no numeric field: dBm or mW, mW chosen.
 class PowerUnitChooser : public QWidget, public UnitSelector
 {
@@ -179,7 +199,7 @@ private slots:
     void cleanup();
     void limitsInTheUnitThatFits();
     void readingAndUnitFromSelectors();
-    void unitFromAnySelector();
+    void selectorsOfAnyKind();
     void stateFromFlags_data();
     void stateFromFlags();
     void nanReadingChangesNothing();
@@ -309,9 +329,16 @@ void TestMeter::readingAndUnitFromSelectors()
     QCOMPARE(limitLabels(*meter).value(0), QStringLiteral("0.0 dBm"));
 }
 
-void TestMeter::unitFromAnySelector()
+void TestMeter::selectorsOfAnyKind()
 {
     MeterBarImpl* meter = boundMeter("Level");
+    ReadingChooser readings;
+    meter->registerReadingSelector(&readings);
+    QCOMPARE(readings.offered, QStringList({"Peak Positive", "Live Positive", "RMS"}));
+    emit readings.picked(2);
+    // RMS, 40 dB below the peak of -10 dBm, fills three eighths of -80..0.
+    QVERIFY(engineSays("Level", -10.0, [meter] { return std::abs(filledFraction(meter->barWidget()) - 0.375) < 0.03; }));
+
     PowerUnitChooser chooser;
     meter->registerUnitSelector(&chooser);
     QVERIFY(engineSays("Level", -10.0, [meter] { return limitLabels(*meter).value(0) == QLatin1String("1.0 mW"); }));

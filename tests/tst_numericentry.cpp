@@ -349,7 +349,10 @@ void TestNumericEntry::meterReadingTexts()
     m_engine->setValue("Meter", 5.0); // above the upper limit
     QTRY_COMPARE(field.getValue(), QStringLiteral("Over Limit"));
 
-    field.setReadingIndex(3); // the engine's list has one reading
+    ComboBoxImpl readings(false, m_screen);
+    field.registerReadingSelector(&readings);
+    QCOMPARE(readings.getText(), QStringLiteral("Peak Positive"));
+    emit readings.updateEnum(3); // the engine's list has one reading
     m_engine->setValue("Meter", -30.0);
     QTest::qWait(300);
     QCOMPARE(field.getValue(), QStringLiteral("Over Limit"));

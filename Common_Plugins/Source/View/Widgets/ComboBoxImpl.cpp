@@ -150,6 +150,19 @@ void ComboBoxImpl::setList(const QList<ComboBoxListStruct>& list, long current)
     m_list->setList(list, current);
 }
 
+void ComboBoxImpl::offerReadings(const QStringList& names)
+{
+    QList<ComboBoxListStruct> list;
+    for (int i = 0; i < names.size(); ++i)
+        list << ComboBoxListStruct(i, names.at(i), true);
+    setList(list, 0);
+}
+
+QMetaObject::Connection ComboBoxImpl::followReadingChoice(QObject* receiver, std::function<void(long)> onChoice)
+{
+    return connect(this, &ComboBoxImpl::updateEnum, receiver, std::move(onChoice));
+}
+
 void ComboBoxImpl::setReadOnly(bool state)
 {
     m_readOnly = state;

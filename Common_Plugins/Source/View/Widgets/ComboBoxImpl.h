@@ -2,6 +2,7 @@
 #define COMBOBOXIMPL_H
 
 #include "ComboBoxListStruct.h"
+#include "ReadingSelector.h"
 #include "WidgetBaseImpl.h"
 
 #include <QList>
@@ -20,11 +21,13 @@ class QLabel;
   topics, and a choice is sent from a worker: the field goes on showing the
   engine's value until the engine's sample confirms the choice, and a
   refused choice brings a fresh list and value. Unbound it is a local
-  selector, as the numeric field's unit picker uses it.
+  selector, as the numeric field's unit picker uses it, or the selector of
+  a meter's reading (ReadingSelector).
 */
-class ComboBoxImpl : public WidgetBaseImpl
+class ComboBoxImpl : public WidgetBaseImpl, public ReadingSelector
 {
     Q_OBJECT
+    Q_INTERFACES(ReadingSelector)
     Q_PROPERTY(bool ForceReadOnly READ isReadOnly WRITE setReadOnly)
 
 public:
@@ -41,6 +44,9 @@ public:
     virtual void setText(const QString& text);
     //! The open drop-down, for hosts and tests that look at it.
     ComboBoxListImpl* listWidget() const;
+
+    void offerReadings(const QStringList& names) override;
+    QMetaObject::Connection followReadingChoice(QObject* receiver, std::function<void(long)> onChoice) override;
 
     bool isReadOnly() const;
     Q_INVOKABLE void setReadOnly(bool state);

@@ -1,13 +1,13 @@
 #include "MeterBarImpl.h"
 
 #include "CSS.h"
-#include "ComboBoxImpl.h"
 #include "GlobalImpl.h"
 #include "MeterBar_Bar.h"
 #include "MeterBar_HorizontalScale.h"
 #include "MeterBar_Scale.h"
 #include "MeterReadings.h"
 #include "QRVUtil.h"
+#include "ReadingSelector.h"
 #include "UnitError.h"
 #include "UnitSelector.h"
 #include "ValueHelper.h"
@@ -281,10 +281,10 @@ void MeterBarImpl::updateMarkerPositions()
     }
 }
 
-void MeterBarImpl::registerReadingSelector(QWidget* combobox)
+void MeterBarImpl::registerReadingSelector(QWidget* widget)
 {
-    if (ComboBoxImpl* selector = MeterReadings::offerTo(combobox, m_readingNames))
-        connect(selector, &ComboBoxImpl::updateEnum, this, &MeterBarImpl::setReadingIndex);
+    if (ReadingSelector* selector = MeterReadings::offerTo(widget, m_readingNames))
+        selector->followReadingChoice(this, [this](long index) { setReadingIndex(index); });
 }
 
 void MeterBarImpl::registerUnitSelector(QWidget* widget)

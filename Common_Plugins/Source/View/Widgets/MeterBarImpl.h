@@ -33,10 +33,11 @@ namespace MeterReading { struct Reading; }
   Upright on the full screens ("Max" 170 wide, "Min" 85), a thin strip
   lying down in the "Thumb" size. The upright labels stay inside the
   widget, their texts elided when it is narrower than its minimum size
-  hint. Which reading (peak, live, RMS, ...) and
-  which unit are shown may be chosen by a ComboBoxImpl and a UnitSelector
-  (a NumericEntryImpl, say) registered against the meter; it never sends
-  anything to the engine. Samples are drawn on the DDS thread, at most every 300 ms.
+  hint. Which reading (peak, live, RMS, ...) and which unit are shown may
+  be chosen by a ReadingSelector (a ComboBoxImpl, say) and a UnitSelector
+  (a NumericEntryImpl) registered against the meter; it never sends
+  anything to the engine. Samples are drawn on the DDS thread, at most
+  every 300 ms.
 */
 class MeterBarImpl : public WidgetBaseImpl
 {
@@ -47,8 +48,8 @@ public:
     explicit MeterBarImpl(QWidget* parent = nullptr);
     ~MeterBarImpl() override;
 
-    //! Offers the readings of the bound attribute in \a combobox; call it after binding.
-    Q_INVOKABLE void registerReadingSelector(QWidget* combobox);
+    //! Offers the readings of the bound attribute in \a widget, if it is a ReadingSelector; call it after binding.
+    Q_INVOKABLE void registerReadingSelector(QWidget* widget);
     //! Shows the meter in the unit chosen in \a widget, if it is a UnitSelector.
     Q_INVOKABLE virtual void registerUnitSelector(QWidget* widget);
     virtual bool horizontal() const;

@@ -1,9 +1,10 @@
 #include "MeterReadings.h"
 
-#include "ComboBoxImpl.h"
-#include "ComboBoxListStruct.h"
+#include "ReadingSelector.h"
 
 #include <Brenmoor.hh>
+
+#include <QWidget>
 
 QString MeterReadings::translateReadingType(long type)
 {
@@ -21,14 +22,10 @@ QStringList MeterReadings::names(const Brenmoor::MeterReading::Reading& reading)
     return list;
 }
 
-ComboBoxImpl* MeterReadings::offerTo(QWidget* combobox, const QStringList& names)
+ReadingSelector* MeterReadings::offerTo(QWidget* widget, const QStringList& names)
 {
-    auto* selector = qobject_cast<ComboBoxImpl*>(combobox);
-    if (!selector)
-        return nullptr;
-    QList<ComboBoxListStruct> list;
-    for (int i = 0; i < names.size(); ++i)
-        list << ComboBoxListStruct(i, names.at(i), true);
-    selector->setList(list, 0);
+    auto* selector = qobject_cast<ReadingSelector*>(widget);
+    if (selector)
+        selector->offerReadings(names);
     return selector;
 }

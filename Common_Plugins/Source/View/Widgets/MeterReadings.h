@@ -3,8 +3,8 @@
 
 #include <QStringList>
 
-class ComboBoxImpl;
 class QWidget;
+class ReadingSelector;
 
 namespace Brenmoor {
 namespace MeterReading { struct Reading; }
@@ -23,11 +23,10 @@ public:
     //! One name per reading of \a reading, in its order.
     static QStringList names(const Brenmoor::MeterReading::Reading& reading);
     /*!
-      Lists \a names in \a combobox, each under its index, the first chosen,
-      and returns it to be connected; null, and nothing changed, if it is
-      not a ComboBoxImpl.
+      Offers \a names in \a widget and returns it to be followed; null, and
+      nothing changed, if it is not a ReadingSelector.
     */
-    static ComboBoxImpl* offerTo(QWidget* combobox, const QStringList& names);
+    static ReadingSelector* offerTo(QWidget* widget, const QStringList& names);
 };
 
 #endif // METERREADINGS_H

@@ -6,6 +6,7 @@
 #include "NumericEntryStyle.h"
 #include "NumpadEntryImpl.h"
 #include "QRVUtil.h"
+#include "ReadingSelector.h"
 #include "SystemModule.h"
 #include "ValueHelper.h"
 
@@ -796,10 +797,10 @@ void NumericEntryImpl::subscribeValue(const QString& interface)
             topic.in(), boost::bind(&NumericEntryImpl::dds_callback_meter, this, _1, _2));
 }
 
-void NumericEntryImpl::registerReadingSelector(QWidget* combobox)
+void NumericEntryImpl::registerReadingSelector(QWidget* widget)
 {
-    if (ComboBoxImpl* selector = MeterReadings::offerTo(combobox, m_readingNames))
-        connect(selector, &ComboBoxImpl::updateEnum, this, &NumericEntryImpl::setReadingIndex);
+    if (ReadingSelector* selector = MeterReadings::offerTo(widget, m_readingNames))
+        selector->followReadingChoice(this, [this](long index) { setReadingIndex(index); });
 }
 
 void NumericEntryImpl::setReadingIndex(long index)

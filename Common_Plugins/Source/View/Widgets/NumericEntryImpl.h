@@ -90,8 +90,8 @@ public:
     Q_INVOKABLE void setBroadcastUnit(const QString& unit);
     Q_INVOKABLE void clearBroadcastUnit();
     Q_INVOKABLE void clear();
-    //! Lets \a combobox choose which reading of a meter attribute is shown.
-    Q_INVOKABLE void registerReadingSelector(QWidget* combobox);
+    //! Lets \a widget, if it is a ReadingSelector, choose which reading of a meter attribute is shown.
+    Q_INVOKABLE void registerReadingSelector(QWidget* widget);
 
     void bindAttribute(Brenmoor::EngineReadingBase_ptr attr) override;
     void retranslate() override;
