@@ -1,5 +1,6 @@
 #include "WidgetBaseImpl.h"
 
+#include "AttributeLink.h"
 #include "EngineLink.h"
 #include "GlobalImpl.h"
 #include "QRVStatusBar.h"
@@ -156,6 +157,8 @@ bool WidgetBaseImpl::isBindingAttempted() const
 
 void WidgetBaseImpl::releaseBinding()
 {
+    // Sends still running use the links.
+    waitForSends();
     const std::vector<Brenmoor::DDS_BaseObj*> subscriptions = retireSubscriptions();
     // The widget lives on: pending emissions are run, not dropped, which
     // frees a DDS thread waiting in one.
@@ -163,6 +166,7 @@ void WidgetBaseImpl::releaseBinding()
     disposeSubscriptions(subscriptions);
     QMutexLocker lock(&m_attributeMutex);
     releaseAttribute();
+    m_links.clear();
 }
 
 void WidgetBaseImpl::releaseAttribute()
@@ -337,21 +341,44 @@ void WidgetBaseImpl::waitForSends()
         m_sendsDone.wait(&m_sendsMutex);
 }
 
-QString WidgetBaseImpl::acceptedInterface(Brenmoor::EngineReadingBase_ptr attr, const QStringList& accepted,
-                                          const char* mismatchLine) const
+AttributeLink* WidgetBaseImpl::addLink(const LinkFamily& family, Brenmoor::EngineReadingBase_ptr attr, int accepted,
+                                       const char* mismatchLine)
 {
-    Brenmoor::TypeInfo_var type = attr->typeInfo();
-    const QString name = QString::fromUtf8(type->interfaceName.in());
-    if (accepted.contains(name))
-        return name;
-    if (mismatchLine)
-        qDebug(mismatchLine, type->interfaceName.in(), m_attributeName.toLatin1().constData());
-    return QString();
+    if (CORBA::is_nil(attr))
+        return nullptr;
+    const Brenmoor::TypeInfo_var type = attr->typeInfo();
+    const int position = family.interfaces.indexOf(QString::fromUtf8(type->interfaceName.in()));
+    const int interface = position < 0 ? 0 : 1 << position;
+    if (!(interface & accepted)) {
+        if (mismatchLine)
+            qDebug(mismatchLine, type->interfaceName.in(), m_attributeName.toLatin1().constData());
+        return nullptr;
+    }
+    std::unique_ptr<AttributeLink> link(family.make(this, attr, interface));
+    if (!link->isNarrowed()) {
+        if (mismatchLine && !(interface & family.quietNarrowing))
+            qDebug().noquote() << "UserInterface - Failed to narrow ::Brenmoor::" + QString::fromUtf8(type->interfaceName.in());
+        return nullptr;
+    }
+    QMutexLocker lock(&m_attributeMutex);
+    m_links.push_back(std::move(link));
+    return m_links.back().get();
+}
+
+AttributeLink* WidgetBaseImpl::linkAt(int index) const
+{
+    QMutexLocker lock(&m_attributeMutex);
+    if (index < 0)
+        index += int(m_links.size());
+    return index >= 0 && size_t(index) < m_links.size() ? m_links[size_t(index)].get() : nullptr;
 }
 
 CORBA::Object_ptr WidgetBaseImpl::engineObject() const
 {
     QMutexLocker lock(&m_attributeMutex);
+    // A widget that keeps no attribute of its own asks through its first link.
+    if (CORBA::is_nil(m_attribute) && !m_links.empty())
+        return CORBA::Object::_duplicate(m_links.front()->attribute());
     return CORBA::Object::_duplicate(m_attribute);
 }
 

@@ -5,7 +5,6 @@
 
 #include <QModelIndex>
 #include <QMutex>
-#include <QVector>
 
 #include <memory>
 #include <vector>
@@ -67,14 +66,12 @@ private:
     //! The column whose topic in \a topics is \a topic; -1 for none.
     long columnOf(const QStringList& topics, const char* topic) const;
     EnumColumn* column(long col) const;
-    Brenmoor::EngineReadingBase_ptr attributeOf(long col) const;
+    const EnumLink* attributeOf(long col) const;
 
     QList<QString> headings;
     QStringList valueTopics;
     QStringList paramsTopics;
     std::vector<std::unique_ptr<EnumColumn>> rowOfValue;
-    //! Owned.
-    QVector<Brenmoor::EngineReadingBase_ptr> attributes;
     //! The column lists grow on the interface thread while DDS threads look columns up.
     mutable QMutex columnsMutex;
 };
