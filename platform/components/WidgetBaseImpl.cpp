@@ -296,6 +296,19 @@ void WidgetBaseImpl::markEngineLinkLost(const QString& reason)
 
 WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()>& call, QString* failure)
 {
+    const CORBA::Object_var object = engineObject();
+    return runEngineCall(call, failure, object, LossScope::Engine);
+}
+
+WidgetBaseImpl::EngineCall WidgetBaseImpl::callAttribute(const AttributeLink* link, const std::function<void()>& call,
+                                                         QString* failure)
+{
+    return runEngineCall(call, failure, link->attribute(), LossScope::Attribute);
+}
+
+WidgetBaseImpl::EngineCall WidgetBaseImpl::runEngineCall(const std::function<void()>& call, QString* failure,
+                                                         CORBA::Object_ptr object, LossScope scope)
+{
     // Once the engine is known lost nothing calls it, so nothing waits for it.
     if (m_engineLinkLost || EngineLink::instance()->isLost())
         return EngineCall::LinkLost;
@@ -308,9 +321,11 @@ WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()
         call();
         return EngineCall::Done;
     } catch (const CORBA::Exception& error) {
-        const CORBA::Object_var object = engineObject();
         if (const char* reason = EngineLink::lossReason(error, object)) {
-            disconnectCORBA(QString::fromLatin1(reason));
+            if (failure)
+                *failure = QString::fromLatin1(reason);
+            if (scope == LossScope::Engine)
+                disconnectCORBA(QString::fromLatin1(reason));
             return EngineCall::LinkLost;
         }
         return refused(QString::fromLatin1(error._name()));

@@ -162,6 +162,16 @@ protected:
       After a lost link nothing is called any more. Safe from any thread.
     */
     EngineCall callEngine(const std::function<void()>& call, QString* failure = nullptr);
+    /*!
+      As callEngine(), for one of several attributes that a widget follows
+      side by side: a loss that \a call finds is \link's alone. It ends in
+      LinkLost, its reason in \a failure, and neither the widget nor the
+      interface is told, so that the widget goes on with its other
+      attributes; an engine that is gone as a whole still shows everywhere,
+      through its topics falling silent.
+    */
+    EngineCall callAttribute(const AttributeLink* link, const std::function<void()>& call,
+                             QString* failure = nullptr);
     //! Runs \a send on a worker of the global pool; the widget waits for it before it dies.
     void sendOnWorker(std::function<void()> send);
     //! Waits for every send still running on a worker.
@@ -214,6 +224,13 @@ protected:
     QList<DDS_Subscriber_Object> m_subscriptions;
 
 private:
+    enum class LossScope
+    {
+        Engine,
+        Attribute
+    };
+    EngineCall runEngineCall(const std::function<void()>& call, QString* failure, CORBA::Object_ptr object,
+                             LossScope scope);
     AttributeLink* addLink(const LinkFamily& family, Brenmoor::EngineReadingBase_ptr attr, int accepted,
                            const char* mismatchLine);
     AttributeLink* linkAt(int index) const;

@@ -40,11 +40,16 @@ QSize EnumTableBase::sizeHint() const
 
 void EnumTableBase::mouseReleaseEvent(QMouseEvent*) {}
 
+WidgetBaseImpl::EngineCall EnumTableBase::callFor(const EnumLink*, const std::function<void()>& call, QString* failure)
+{
+    return callEngine(call, failure);
+}
+
 bool EnumTableBase::fetchEntries(const EnumLink* enumeration, QList<EnumColumn::Entry>* entries)
 {
     if (!enumeration)
         return false;
-    const EngineCall outcome = callEngine([&] {
+    const EngineCall outcome = callFor(enumeration, [&] {
         entries->clear();
         for (const EnumLink::Entry& entry : enumeration->entries())
             entries->append({entry.value, entry.label});
@@ -54,7 +59,7 @@ bool EnumTableBase::fetchEntries(const EnumLink* enumeration, QList<EnumColumn::
 
 bool EnumTableBase::fetchValue(const EnumLink* enumeration, long* value)
 {
-    return enumeration && callEngine([&] { *value = enumeration->value(); }) == EngineCall::Done;
+    return enumeration && callFor(enumeration, [&] { *value = enumeration->value(); }) == EngineCall::Done;
 }
 
 EnumTableBase::SendOutcome EnumTableBase::sendWithOneRetry(const EnumLink* enumeration, long value,
@@ -66,14 +71,14 @@ EnumTableBase::SendOutcome EnumTableBase::sendWithOneRetry(const EnumLink* enume
         enumeration->set(value);
     };
     QString failure;
-    EngineCall outcome = callEngine(send, &failure);
+    EngineCall outcome = callFor(enumeration, send, &failure);
     if (outcome != EngineCall::Refused)
         return outcome == EngineCall::Done ? SendOutcome::Sent : SendOutcome::LinkLost;
     qDebug().noquote() << QString::fromLatin1(logPrefix) + QStringLiteral("TABLE_ENUM:") << getAttributeName()
                        << "threw exception while sending:" << value << failure;
     // The engine may have refused a value its list no longer has.
     refreshList();
-    outcome = callEngine(send, &failure);
+    outcome = callFor(enumeration, send, &failure);
     if (outcome != EngineCall::Refused)
         return outcome == EngineCall::Done ? SendOutcome::Sent : SendOutcome::LinkLost;
     qDebug().noquote() << QString::fromLatin1(logPrefix) + QStringLiteral("Failed Retry:") << getAttributeName() << "sending" << value

@@ -49,6 +49,13 @@ protected:
     SendOutcome sendWithOneRetry(const EnumLink* enumeration, long value,
                                  const std::function<void()>& refreshList, const char* logPrefix);
 
+    /*!
+      Runs \a call, which talks to the engine about \a enumeration; the
+      frame's callEngine() unless a table keeps its attributes apart.
+    */
+    virtual EngineCall callFor(const EnumLink* enumeration, const std::function<void()>& call,
+                               QString* failure = nullptr);
+
     //! The rows take the touches: neither the debug switch nor the entry mechanism applies.
     void mouseReleaseEvent(QMouseEvent* event) override;
 

@@ -68,6 +68,7 @@ void TableEnumMulti::releaseBinding()
     // The subscriptions go first: their callbacks read the columns.
     EnumTableBase::releaseBinding();
     QMutexLocker lock(&columnsMutex);
+    lostColumns.clear();
     headings.clear();
     valueTopics.clear();
     paramsTopics.clear();
@@ -82,7 +83,55 @@ EnumColumn* TableEnumMulti::column(long col) const
 
 const EnumLink* TableEnumMulti::attributeOf(long col) const
 {
-    return col >= 0 ? link<EnumLink>(int(col)) : nullptr;
+    return col >= 0 && !isColumnLost(col) ? link<EnumLink>(int(col)) : nullptr;
+}
+
+long TableEnumMulti::columnOfLink(const EnumLink* enumeration) const
+{
+    for (long col = 0; const AttributeLink* each = link<AttributeLink>(int(col)); ++col) {
+        if (each == enumeration)
+            return col;
+    }
+    return -1;
+}
+
+bool TableEnumMulti::isColumnLost(long col) const
+{
+    QMutexLocker lock(&columnsMutex);
+    return lostColumns.contains(col);
+}
+
+WidgetBaseImpl::EngineCall TableEnumMulti::callFor(const EnumLink* enumeration, const std::function<void()>& call,
+                                                   QString* failure)
+{
+    QString reason;
+    const EngineCall outcome = callAttribute(enumeration, call, &reason);
+    // Without a reason the engine was known lost already: that shows on the whole table.
+    if (outcome == EngineCall::LinkLost && !reason.isEmpty())
+        markColumnLost(columnOfLink(enumeration), reason);
+    if (failure)
+        *failure = reason;
+    return outcome;
+}
+
+void TableEnumMulti::markColumnLost(long col, const QString& reason)
+{
+    {
+        QMutexLocker lock(&columnsMutex);
+        if (col < 0 || lostColumns.contains(col))
+            return;
+        lostColumns.insert(col);
+    }
+    qDebug() << "UserInterface - TableEnumMulti:" << getAttributeName() << "column" << col
+             << "lost its engine link:" << reason;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        if (QStandardItem* item = model->item(row, int(col))) {
+            item->setEnabled(false);
+            // The table's sheet colours every enabled and disabled text alike.
+            item->setForeground(QColor(Qt::darkGray));
+        }
+    }
+    model->setHeaderData(int(col), Qt::Horizontal, QStringLiteral("Engine link lost (%1)").arg(reason), Qt::ToolTipRole);
 }
 
 long TableEnumMulti::columnOf(const QStringList& topics, const char* topic) const
