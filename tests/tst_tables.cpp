@@ -3,6 +3,7 @@
 // tables on their own.
 #include "BoundedExit.h"
 #include "ColumnShares.h"
+#include "EngineLink.h"
 #include "GlobalImpl.h"
 #include "HorizontalScrollBarImpl.h"
 #include "QRVStatusBar.h"
@@ -120,6 +121,8 @@ private slots:
     void wideTableScrollsSideways();
     void multiColumnsStayRowAligned();
     void multiParamsSampleRefillsItsColumn();
+    void multiColumnFailuresStayInTheirColumn_data();
+    void multiColumnFailuresStayInTheirColumn();
     void tablesAreSmallAndNamed();
     void sizeWordsChooseTheSheet();
     void scrollBarStyle_data();
@@ -264,6 +267,54 @@ void TestTables::transportFailureIsNotRetried()
     QVERIFY(table.isEngineLinkLost());
     touchRow(table, 2);
     QCOMPARE(m_engine->setCount("Mode"), before + 1);
+}
+
+void TestTables::multiColumnFailuresStayInTheirColumn_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<unsigned>("filterSets");
+    QTest::addColumn<bool>("filterLost");
+    // A refusal is retried once on a fresh list; an unreachable attribute is
+    // not retried, and its column alone stops.
+    QTest::newRow("refused twice") << int(SimFailure::Kind::Locked) << 2u << false;
+    QTest::newRow("unreachable") << int(SimFailure::Kind::Transient) << 1u << true;
+}
+
+void TestTables::multiColumnFailuresStayInTheirColumn()
+{
+    QFETCH(int, kind);
+    QFETCH(unsigned, filterSets);
+    QFETCH(bool, filterLost);
+    TableEnumMulti table;
+    table.resize(400, 240);
+    table.bindAttribute(m_engine->attribute("Band"));
+    table.bindAttribute(m_engine->attribute("Filter"));
+    SimFailure failure;
+    failure.kind = SimFailure::Kind(kind);
+    m_engine->failNextSet("Filter", 2, failure);
+    const unsigned band = m_engine->setCount("Band");
+    const unsigned filter = m_engine->setCount("Filter");
+
+    touchRow(table, 1);
+    QCOMPARE(m_engine->setCount("Band"), band + 1);
+    QCOMPARE(std::get<std::int64_t>(*m_engine->lastSetValue("Band")), std::int64_t(2));
+    QCOMPARE(m_engine->setCount("Filter"), filter + filterSets);
+    QCOMPARE(table.isColumnLost(1), filterLost);
+    QVERIFY(!table.isColumnLost(0));
+    // Neither the table nor the rest of the interface is veiled for one attribute.
+    QVERIFY(!table.isEngineLinkLost());
+    QVERIFY(!EngineLink::instance()->isLost());
+    QStandardItemModel* model = qobject_cast<QStandardItemModel*>(viewOf(table)->model());
+    QCOMPARE(model->item(0, 1)->isEnabled(), !filterLost);
+    QVERIFY(model->item(0, 0)->isEnabled());
+    TestSupport::savePng(&table, filterLost ? QStringLiteral("table_multi_column_lost")
+                                            : QStringLiteral("table_multi_column_refused"));
+
+    // The other column goes on; a lost one is asked nothing more.
+    m_engine->failNextSet("Filter", 0, failure);
+    touchRow(table, 0);
+    QCOMPARE(m_engine->setCount("Band"), band + 2);
+    QCOMPARE(m_engine->setCount("Filter"), filter + filterSets + (filterLost ? 0 : 1));
 }
 
 void TestTables::enumTableFollowsNoLock()

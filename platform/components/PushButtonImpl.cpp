@@ -1,9 +1,8 @@
 #include "PushButtonImpl.h"
 
 #include "CSS.h"
+#include "CommandLink.h"
 #include "GlobalImpl.h"
-
-#include <Brenmoor.hh>
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -52,32 +51,24 @@ void PushButtonImpl::retranslate()
 void PushButtonImpl::buttonClicked()
 {
     emit clicked();
-    if (!m_commandInterface.isEmpty())
-        sendOnWorker([this] { sendCommand(); });
+    if (m_commandBound)
+        sendOnWorker([this, command = link<CommandLink>()] { sendCommand(command); });
 }
 
 void PushButtonImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
-    m_commandInterface.clear();
     WidgetBaseImpl::bindAttribute(attr);
-    if (CORBA::is_nil(attr))
-        return;
-    m_commandInterface = acceptedInterface(attr, {QStringLiteral("EngineAttribBoolean"), QStringLiteral("EngineAttribLong")},
-                                           ">>>>>Expected Boolean/Long type but received: %s (%s)");
+    m_commandBound = bindAs<CommandLink>(attr, CommandLink::AttribBoolean | CommandLink::AttribLong,
+                                         ">>>>>Expected Boolean/Long type but received: %s (%s)");
 }
 
-void PushButtonImpl::sendCommand()
+void PushButtonImpl::sendCommand(const CommandLink* command)
 {
     QString failure;
     const EngineCall outcome = callEngine(
-        [this] {
+        [this, command] {
             qDebug() << "UserInterface - PushButton:" << getAttributeName() << "- Sending command";
-            if (m_commandInterface == QLatin1String("EngineAttribBoolean"))
-                Brenmoor::EngineAttribBoolean_var(Brenmoor::EngineAttribBoolean::_narrow(m_attribute))
-                    ->set(GlobalImpl::getLockerID(), true);
-            else
-                Brenmoor::EngineAttribLong_var(Brenmoor::EngineAttribLong::_narrow(m_attribute))
-                    ->set(GlobalImpl::getLockerID(), 1);
+            command->trigger();
         },
         &failure);
     if (outcome != EngineCall::Refused)

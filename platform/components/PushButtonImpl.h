@@ -3,6 +3,7 @@
 
 #include "WidgetBaseImpl.h"
 
+class CommandLink;
 class QPushButton;
 
 namespace Kelvane {
@@ -45,12 +46,12 @@ protected:
 
 private:
     static QString faceStyleSheet();
-    void sendCommand();
+    void sendCommand(const CommandLink* command);
 
     QPushButton* m_button = nullptr;
     QString m_buttonText;
     //! The interface commanded on a press; empty while unbound.
-    QString m_commandInterface;
+    bool m_commandBound = false;
 };
 
 } // namespace gui

@@ -1,5 +1,6 @@
 #include "WidgetBaseImpl.h"
 
+#include "AttributeLink.h"
 #include "EngineLink.h"
 #include "GlobalImpl.h"
 #include "QRVStatusBar.h"
@@ -156,6 +157,8 @@ bool WidgetBaseImpl::isBindingAttempted() const
 
 void WidgetBaseImpl::releaseBinding()
 {
+    // Sends still running use the links.
+    waitForSends();
     const std::vector<Brenmoor::DDS_BaseObj*> subscriptions = retireSubscriptions();
     // The widget lives on: pending emissions are run, not dropped, which
     // frees a DDS thread waiting in one.
@@ -163,6 +166,7 @@ void WidgetBaseImpl::releaseBinding()
     disposeSubscriptions(subscriptions);
     QMutexLocker lock(&m_attributeMutex);
     releaseAttribute();
+    m_links.clear();
 }
 
 void WidgetBaseImpl::releaseAttribute()
@@ -292,6 +296,19 @@ void WidgetBaseImpl::markEngineLinkLost(const QString& reason)
 
 WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()>& call, QString* failure)
 {
+    const CORBA::Object_var object = engineObject();
+    return runEngineCall(call, failure, object, LossScope::Engine);
+}
+
+WidgetBaseImpl::EngineCall WidgetBaseImpl::callAttribute(const AttributeLink* link, const std::function<void()>& call,
+                                                         QString* failure)
+{
+    return runEngineCall(call, failure, link->attribute(), LossScope::Attribute);
+}
+
+WidgetBaseImpl::EngineCall WidgetBaseImpl::runEngineCall(const std::function<void()>& call, QString* failure,
+                                                         CORBA::Object_ptr object, LossScope scope)
+{
     // Once the engine is known lost nothing calls it, so nothing waits for it.
     if (m_engineLinkLost || EngineLink::instance()->isLost())
         return EngineCall::LinkLost;
@@ -304,9 +321,11 @@ WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()
         call();
         return EngineCall::Done;
     } catch (const CORBA::Exception& error) {
-        const CORBA::Object_var object = engineObject();
         if (const char* reason = EngineLink::lossReason(error, object)) {
-            disconnectCORBA(QString::fromLatin1(reason));
+            if (failure)
+                *failure = QString::fromLatin1(reason);
+            if (scope == LossScope::Engine)
+                disconnectCORBA(QString::fromLatin1(reason));
             return EngineCall::LinkLost;
         }
         return refused(QString::fromLatin1(error._name()));
@@ -337,21 +356,44 @@ void WidgetBaseImpl::waitForSends()
         m_sendsDone.wait(&m_sendsMutex);
 }
 
-QString WidgetBaseImpl::acceptedInterface(Brenmoor::EngineReadingBase_ptr attr, const QStringList& accepted,
-                                          const char* mismatchLine) const
+AttributeLink* WidgetBaseImpl::addLink(const LinkFamily& family, Brenmoor::EngineReadingBase_ptr attr, int accepted,
+                                       const char* mismatchLine)
 {
-    Brenmoor::TypeInfo_var type = attr->typeInfo();
-    const QString name = QString::fromUtf8(type->interfaceName.in());
-    if (accepted.contains(name))
-        return name;
-    if (mismatchLine)
-        qDebug(mismatchLine, type->interfaceName.in(), m_attributeName.toLatin1().constData());
-    return QString();
+    if (CORBA::is_nil(attr))
+        return nullptr;
+    const Brenmoor::TypeInfo_var type = attr->typeInfo();
+    const int position = family.interfaces.indexOf(QString::fromUtf8(type->interfaceName.in()));
+    const int interface = position < 0 ? 0 : 1 << position;
+    if (!(interface & accepted)) {
+        if (mismatchLine)
+            qDebug(mismatchLine, type->interfaceName.in(), m_attributeName.toLatin1().constData());
+        return nullptr;
+    }
+    std::unique_ptr<AttributeLink> link(family.make(this, attr, interface));
+    if (!link->isNarrowed()) {
+        if (mismatchLine && !(interface & family.quietNarrowing))
+            qDebug().noquote() << "UserInterface - Failed to narrow ::Brenmoor::" + QString::fromUtf8(type->interfaceName.in());
+        return nullptr;
+    }
+    QMutexLocker lock(&m_attributeMutex);
+    m_links.push_back(std::move(link));
+    return m_links.back().get();
+}
+
+AttributeLink* WidgetBaseImpl::linkAt(int index) const
+{
+    QMutexLocker lock(&m_attributeMutex);
+    if (index < 0)
+        index += int(m_links.size());
+    return index >= 0 && size_t(index) < m_links.size() ? m_links[size_t(index)].get() : nullptr;
 }
 
 CORBA::Object_ptr WidgetBaseImpl::engineObject() const
 {
     QMutexLocker lock(&m_attributeMutex);
+    // A widget that keeps no attribute of its own asks through its first link.
+    if (CORBA::is_nil(m_attribute) && !m_links.empty())
+        return CORBA::Object::_duplicate(m_links.front()->attribute());
     return CORBA::Object::_duplicate(m_attribute);
 }
 

@@ -13,10 +13,13 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <vector>
 
+class AttributeLink;
 class QLabel;
 class QPushButton;
+struct LinkFamily;
 
 // The engine's object references, without the ORB's headers.
 namespace CORBA {
@@ -159,17 +162,45 @@ protected:
       After a lost link nothing is called any more. Safe from any thread.
     */
     EngineCall callEngine(const std::function<void()>& call, QString* failure = nullptr);
+    /*!
+      As callEngine(), for one of several attributes that a widget follows
+      side by side: a loss that \a call finds is \link's alone. It ends in
+      LinkLost, its reason in \a failure, and neither the widget nor the
+      interface is told, so that the widget goes on with its other
+      attributes; an engine that is gone as a whole still shows everywhere,
+      through its topics falling silent.
+    */
+    EngineCall callAttribute(const AttributeLink* link, const std::function<void()>& call,
+                             QString* failure = nullptr);
     //! Runs \a send on a worker of the global pool; the widget waits for it before it dies.
     void sendOnWorker(std::function<void()> send);
     //! Waits for every send still running on a worker.
     void waitForSends();
     /*!
-      The interface name of \a attr if it is one of \a accepted; otherwise
-      an empty string, after writing \a mismatchLine (a format with the
-      interface name and the attribute name; null: say nothing).
+      Binds \a attr as one of the interfaces of \a Link's family that
+      \a accepted names (a mask of Link::Interface). Returns the link, kept
+      by the frame until the binding is released; null for a nil attribute,
+      or after writing \a mismatchLine (a format with the interface name and
+      the attribute name; null: say nothing) for another interface, or the
+      narrowing failure line. Does not take \a attr.
     */
-    QString acceptedInterface(Brenmoor::EngineReadingBase_ptr attr, const QStringList& accepted,
-                              const char* mismatchLine) const;
+    template<class Link>
+    Link* bindAs(Brenmoor::EngineReadingBase_ptr attr, int accepted, const char* mismatchLine)
+    {
+        return static_cast<Link*>(addLink(Link::family, attr, accepted, mismatchLine));
+    }
+    /*!
+      The link bound \a index-th, counted from 0, or from the last one back
+      for a negative index (-1: the latest, which a widget bound again
+      uses); null if there is none. Links of earlier bindings stay until
+      the binding is released, since sends may still use them. Safe from
+      any thread.
+    */
+    template<class Link>
+    Link* link(int index = -1) const
+    {
+        return static_cast<Link*>(linkAt(index));
+    }
     //! A Control touch: flips the debug switch, says so, and emits suppressDebug().
     void flipDebugSwitch();
     /*!
@@ -193,6 +224,16 @@ protected:
     QList<DDS_Subscriber_Object> m_subscriptions;
 
 private:
+    enum class LossScope
+    {
+        Engine,
+        Attribute
+    };
+    EngineCall runEngineCall(const std::function<void()>& call, QString* failure, CORBA::Object_ptr object,
+                             LossScope scope);
+    AttributeLink* addLink(const LinkFamily& family, Brenmoor::EngineReadingBase_ptr attr, int accepted,
+                           const char* mismatchLine);
+    AttributeLink* linkAt(int index) const;
     //! A new reference to the bound attribute, owned by the caller; nil when unbound.
     CORBA::Object_ptr engineObject() const;
     void addSubscription(int tag, Brenmoor::DDS_BaseObj* subscription);
@@ -213,7 +254,8 @@ private:
     bool m_locked = false;
     // Subscriptions without a tag, owned all the same.
     std::vector<Brenmoor::DDS_BaseObj*> m_untaggedSubscriptions;
-    // Guards the attribute references against the lock callback's thread.
+    std::vector<std::unique_ptr<AttributeLink>> m_links;
+    // Guards the attribute references and the links against the lock callback's and the senders' threads.
     mutable QMutex m_attributeMutex;
     std::atomic<bool> m_engineLinkLost{false};
     bool m_bindingAttempted = false;

@@ -2,11 +2,10 @@
 
 #include "CSS.h"
 #include "ComboBoxListImpl.h"
+#include "EnumLink.h"
 #include "GlobalImpl.h"
 #include "QRVUtil.h"
 #include "SystemModule.h"
-
-#include <Brenmoor.hh>
 
 #include <QDebug>
 #include <QFileDialog>
@@ -182,8 +181,7 @@ void ComboBoxImpl::displayInput()
     setDesktop(screen ? screen : window());
     m_list->setParent(desktop());
     // Fresh each time it opens: choices may have been enabled or disabled meanwhile.
-    if (!CORBA::is_nil(m_attribute))
-        requestCorbaList();
+    requestCorbaList();
     m_list->beginShow();
 }
 
@@ -209,12 +207,12 @@ void ComboBoxImpl::submit(long idx)
 
 void ComboBoxImpl::sendEnum(long idx)
 {
-    const EngineCall outcome = callEngine([this, idx] {
-        Brenmoor::EngineAttribEnum_var attr = Brenmoor::EngineAttribEnum::_narrow(m_attribute);
-        if (CORBA::is_nil(attr))
+    const EnumLink* enumeration = link<EnumLink>();
+    const EngineCall outcome = callEngine([this, enumeration, idx] {
+        if (!enumeration)
             return;
         qDebug() << "UserInterface - ENUM:" << getAttributeName() << "- Sending" << idx;
-        attr->set(GlobalImpl::getLockerID(), static_cast<CORBA::Long>(idx));
+        enumeration->set(idx);
     });
     if (outcome == EngineCall::Refused) {
         qDebug() << "UserInterface - ENUM:" << getAttributeName() << "@" << GlobalImpl::getParentWindowName(this)
@@ -227,31 +225,22 @@ void ComboBoxImpl::sendEnum(long idx)
 
 void ComboBoxImpl::requestCorbaList()
 {
-    if (CORBA::is_nil(m_attribute))
+    const EnumLink* enumeration = link<EnumLink>();
+    if (!enumeration)
         return;
     QList<ComboBoxListStruct> rows;
     long current = 0;
-    bool fetched = false;
     QString failure;
     const EngineCall outcome = callEngine(
         [&] {
-            Brenmoor::EngineAttribEnum_var attr = Brenmoor::EngineAttribEnum::_narrow(m_attribute);
-            if (CORBA::is_nil(attr)) {
-                qDebug() << "UserInterface - Failed to narrow ::Brenmoor::EngineAttribEnum -" << getAttributeName();
-                return;
-            }
-            Brenmoor::EngineAttribEnumParams_var params = attr->params();
-            for (CORBA::ULong i = 0; i < params->length(); ++i) {
-                const Brenmoor::EnumDetails& details = params[i];
-                rows.append(ComboBoxListStruct(details.value, QString::fromUtf8(details.label.in()), details.enabled));
-            }
-            current = attr->value();
-            fetched = true;
+            for (const EnumLink::Entry& entry : enumeration->entries())
+                rows.append(ComboBoxListStruct(entry.value, entry.label, entry.enabled));
+            current = enumeration->value();
         },
         &failure);
     if (outcome == EngineCall::Refused)
         qDebug() << "UserInterface -" << getAttributeName() << "list fetch failed:" << failure;
-    if (!fetched)
+    if (outcome != EngineCall::Done)
         return;
     m_lastEnum = current;
     setList(rows, current);
@@ -260,22 +249,13 @@ void ComboBoxImpl::requestCorbaList()
 void ComboBoxImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     WidgetBaseImpl::bindAttribute(attr);
-    if (CORBA::is_nil(attr))
+    const EnumLink* enumeration = bindAs<EnumLink>(
+        attr, EnumLink::AttribEnum, "UserInterface - >>>>>Expected Enumeration type but received: %s (%s)");
+    if (!enumeration)
         return;
-    if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")},
-                          "UserInterface - >>>>>Expected Enumeration type but received: %s (%s)")
-            .isEmpty())
-        return;
-    Brenmoor::EngineAttribEnum_var attribEnum = Brenmoor::EngineAttribEnum::_narrow(attr);
-    if (CORBA::is_nil(attribEnum)) {
-        qDebug() << "UserInterface - Failed to narrow ::Brenmoor::EngineAttribEnum -" << getAttributeName();
-        return;
-    }
-    // Subscribed before the fetch, so that no change falls between the two.
-    CORBA::String_var topic = attribEnum->topic();
-    subscribeToDDS<int>(topic.in(), boost::bind(&ComboBoxImpl::dds_callback, this, _1, _2));
-    CORBA::String_var paramsTopic = attribEnum->paramsTopic();
-    subscribeToVoidDDS(paramsTopic.in(), boost::bind(&ComboBoxImpl::dds_params_callback, this, _1));
+    // Followed before the fetch, so that no change falls between the two.
+    enumeration->follow(boost::bind(&ComboBoxImpl::dds_callback, this, _1, _2),
+                        boost::bind(&ComboBoxImpl::dds_params_callback, this, _1));
     requestCorbaList();
 }
 

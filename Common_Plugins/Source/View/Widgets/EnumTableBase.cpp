@@ -1,9 +1,7 @@
 #include "EnumTableBase.h"
 
-#include "GlobalImpl.h"
+#include "EnumLink.h"
 #include "TableViewImpl.h"
-
-#include <Brenmoor.hh>
 
 #include <QDebug>
 #include <QItemSelection>
@@ -11,7 +9,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace Kelvane {
 namespace gui {
@@ -43,55 +40,45 @@ QSize EnumTableBase::sizeHint() const
 
 void EnumTableBase::mouseReleaseEvent(QMouseEvent*) {}
 
-bool EnumTableBase::fetchEntries(Brenmoor::EngineReadingBase_ptr attr, QList<EnumColumn::Entry>* entries)
+WidgetBaseImpl::EngineCall EnumTableBase::callFor(const EnumLink*, const std::function<void()>& call, QString* failure)
 {
-    const EngineCall outcome = callEngine([&] {
-        Brenmoor::EngineAttribEnum_var enumeration = Brenmoor::EngineAttribEnum::_narrow(attr);
-        if (CORBA::is_nil(enumeration)) {
-            qDebug() << "Failed to narrow ::Brenmoor::EngineAttribEnum - Request CORBA List" << getAttributeName();
-            throw std::runtime_error("not an EngineAttribEnum");
-        }
-        Brenmoor::EngineAttribEnumParams_var params = enumeration->params();
+    return callEngine(call, failure);
+}
+
+bool EnumTableBase::fetchEntries(const EnumLink* enumeration, QList<EnumColumn::Entry>* entries)
+{
+    if (!enumeration)
+        return false;
+    const EngineCall outcome = callFor(enumeration, [&] {
         entries->clear();
-        for (CORBA::ULong i = 0; i < params->length(); ++i)
-            entries->append({long(params[i].value), QString::fromUtf8(params[i].label.in())});
+        for (const EnumLink::Entry& entry : enumeration->entries())
+            entries->append({entry.value, entry.label});
     });
     return outcome == EngineCall::Done;
 }
 
-bool EnumTableBase::fetchValue(Brenmoor::EngineReadingBase_ptr attr, long* value)
+bool EnumTableBase::fetchValue(const EnumLink* enumeration, long* value)
 {
-    const EngineCall outcome = callEngine([&] {
-        Brenmoor::EngineAttribEnum_var enumeration = Brenmoor::EngineAttribEnum::_narrow(attr);
-        if (CORBA::is_nil(enumeration)) {
-            qDebug() << "Failed to narrow ::Brenmoor::EngineAttribEnum - Get CORBA Value" << getAttributeName();
-            throw std::runtime_error("not an EngineAttribEnum");
-        }
-        *value = enumeration->value();
-    });
-    return outcome == EngineCall::Done;
+    return enumeration && callFor(enumeration, [&] { *value = enumeration->value(); }) == EngineCall::Done;
 }
 
-EnumTableBase::SendOutcome EnumTableBase::sendWithOneRetry(Brenmoor::EngineReadingBase_ptr attr, long value,
+EnumTableBase::SendOutcome EnumTableBase::sendWithOneRetry(const EnumLink* enumeration, long value,
                                                            const std::function<void()>& refreshList,
                                                            const char* logPrefix)
 {
     auto send = [&] {
-        Brenmoor::EngineAttribEnum_var enumeration = Brenmoor::EngineAttribEnum::_narrow(attr);
-        if (CORBA::is_nil(enumeration))
-            return;
         qDebug() << "UserInterface -" << getAttributeName() << "Sending:" << value;
-        enumeration->set(GlobalImpl::getLockerID(), CORBA::Long(value));
+        enumeration->set(value);
     };
     QString failure;
-    EngineCall outcome = callEngine(send, &failure);
+    EngineCall outcome = callFor(enumeration, send, &failure);
     if (outcome != EngineCall::Refused)
         return outcome == EngineCall::Done ? SendOutcome::Sent : SendOutcome::LinkLost;
     qDebug().noquote() << QString::fromLatin1(logPrefix) + QStringLiteral("TABLE_ENUM:") << getAttributeName()
                        << "threw exception while sending:" << value << failure;
     // The engine may have refused a value its list no longer has.
     refreshList();
-    outcome = callEngine(send, &failure);
+    outcome = callFor(enumeration, send, &failure);
     if (outcome != EngineCall::Refused)
         return outcome == EngineCall::Done ? SendOutcome::Sent : SendOutcome::LinkLost;
     qDebug().noquote() << QString::fromLatin1(logPrefix) + QStringLiteral("Failed Retry:") << getAttributeName() << "sending" << value

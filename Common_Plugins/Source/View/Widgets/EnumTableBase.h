@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class EnumLink;
 class QStandardItemModel;
 
 namespace Kelvane {
@@ -38,15 +39,22 @@ protected:
         RetryFailed
     };
 
-    //! Narrows \a attr and reads its enumerators; false (and a line in the log) if it cannot.
-    bool fetchEntries(Brenmoor::EngineReadingBase_ptr attr, QList<EnumColumn::Entry>* entries);
-    bool fetchValue(Brenmoor::EngineReadingBase_ptr attr, long* value);
+    //! Reads the enumerators of \a enumeration; false without one, or when the engine fails.
+    bool fetchEntries(const EnumLink* enumeration, QList<EnumColumn::Entry>* entries);
+    bool fetchValue(const EnumLink* enumeration, long* value);
     /*!
       Sets \a value; a refusal gets \a refreshList and exactly one more set.
       \a logPrefix starts the log lines of a failure.
     */
-    SendOutcome sendWithOneRetry(Brenmoor::EngineReadingBase_ptr attr, long value,
+    SendOutcome sendWithOneRetry(const EnumLink* enumeration, long value,
                                  const std::function<void()>& refreshList, const char* logPrefix);
+
+    /*!
+      Runs \a call, which talks to the engine about \a enumeration; the
+      frame's callEngine() unless a table keeps its attributes apart.
+    */
+    virtual EngineCall callFor(const EnumLink* enumeration, const std::function<void()>& call,
+                               QString* failure = nullptr);
 
     //! The rows take the touches: neither the debug switch nor the entry mechanism applies.
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -6,6 +6,7 @@
 #include "MeterBar_HorizontalScale.h"
 #include "MeterBar_Scale.h"
 #include "MeterReadings.h"
+#include "MeterLink.h"
 #include "QRVUtil.h"
 #include "ReadingSelector.h"
 #include "UnitError.h"
@@ -356,18 +357,11 @@ void MeterBarImpl::logMismatch(const char* headline, const Figures& figures) con
 void MeterBarImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     WidgetBaseImpl::bindAttribute(attr);
-    if (CORBA::is_nil(attr))
+    const MeterLink* meter
+        = bindAs<MeterLink>(attr, MeterLink::ReadingMeter, ">>>>>Expected Meter Reading type but received: %s (%s)");
+    if (!meter)
         return;
-    if (acceptedInterface(attr, {QStringLiteral("EngineReadingMeterReading")},
-                          ">>>>>Expected Meter Reading type but received: %s (%s)")
-            .isEmpty())
-        return;
-    Brenmoor::EngineReadingMeterReading_var meter = Brenmoor::EngineReadingMeterReading::_narrow(attr);
-    if (CORBA::is_nil(meter)) {
-        qDebug() << "Failed to narrow ::Brenmoor::EngineReadingMeterReading";
-        return;
-    }
-    Brenmoor::MeterReading::ReadingList_var list = meter->value();
+    const Brenmoor::MeterReading::ReadingList_var list = meter->value();
     if (list->readings.length() == 0)
         throw CORBA::BAD_PARAM();
     m_readingNames << MeterReadings::names(list.in());
@@ -395,9 +389,7 @@ void MeterBarImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     // interface thread has taken the repaint.
     connect(m_bar, &MeterBar_Bar::redraw, m_bar, qOverload<>(&QWidget::update),
             Qt::ConnectionType(Qt::BlockingQueuedConnection | Qt::UniqueConnection));
-    CORBA::String_var topic = attr->topic();
-    subscribeToDDS<Brenmoor::MeterReading::Reading>(topic.in(),
-                                                     boost::bind(&MeterBarImpl::dds_callback, this, _1, _2));
+    meter->follow(boost::bind(&MeterBarImpl::dds_callback, this, _1, _2));
 }
 
 void MeterBarImpl::dds_callback(const char*, const Brenmoor::MeterReading::Reading& reading)

@@ -4,6 +4,7 @@
 #include "GlobalImpl.h"
 #include "MeterReadings.h"
 #include "NumericEntryStyle.h"
+#include "NumericLink.h"
 #include "NumpadEntryImpl.h"
 #include "QRVUtil.h"
 #include "ReadingSelector.h"
@@ -266,13 +267,19 @@ void NumericEntryImpl::updateReading(double value)
     if (m_valueEdit->isEnabled())
         return;
     QString text = QString::number(value, 'f', m_precision);
-    if (m_interface == QLatin1String("EngineReadingMeterReading")) {
+    if (isMeter()) {
         if (m_readingHasNoValue)
             text.clear();
         else if (m_readingDoubtful)
             text += QLatin1Char('?');
     }
     setValue(text);
+}
+
+bool NumericEntryImpl::isMeter() const
+{
+    const NumericLink* number = link<NumericLink>();
+    return number && number->number() == NumericLink::Number::Meter;
 }
 
 void NumericEntryImpl::updateReading(long value)
@@ -570,9 +577,9 @@ void NumericEntryImpl::revertChanges()
 void NumericEntryImpl::restoreValue()
 {
     revertChanges();
-    if (!CORBA::is_nil(m_attribute)) {
-        startSend(m_savedValue);
-    }
+    const NumericLink* number = link<NumericLink>();
+    if (number && number->isSettable())
+        startSend(number, m_savedValue);
     closeInput();
 }
 
@@ -586,215 +593,87 @@ void NumericEntryImpl::updateSliderBounds(long key)
 
 // ---- binding -------------------------------------------------------------
 
-namespace {
-
-const QStringList settableInterfaces = {QStringLiteral("EngineAttribLong"), QStringLiteral("EngineAttribDouble"),
-                                        QStringLiteral("EngineAttribValueLong"),
-                                        QStringLiteral("EngineAttribValueDouble")};
-const QStringList readingInterfaces = {QStringLiteral("EngineReadingDouble"), QStringLiteral("EngineReadingValueDouble"),
-                                       QStringLiteral("EngineReadingLong"), QStringLiteral("EngineReadingValueLong"),
-                                       QStringLiteral("EngineReadingMeterReading")};
-
-template<class Interface>
-typename Interface::_var_type narrowed(Brenmoor::EngineReadingBase_ptr attr, const char* failure)
-{
-    typename Interface::_var_type object = Interface::_narrow(attr);
-    if (CORBA::is_nil(object) && failure)
-        qDebug() << failure;
-    return object;
-}
-
-template<class Interface>
-bool limitsOf(Brenmoor::EngineReadingBase_ptr attr, const char* failure, double* lower, double* upper)
-{
-    auto object = narrowed<Interface>(attr, failure);
-    if (CORBA::is_nil(object))
-        return false;
-    const auto limits = object->limits();
-    *lower = limits.lower;
-    *upper = limits.upper;
-    return true;
-}
-
-template<class Interface>
-bool numberOf(Brenmoor::EngineReadingBase_ptr attr, const char* failure, double* value)
-{
-    auto object = narrowed<Interface>(attr, failure);
-    if (CORBA::is_nil(object))
-        return false;
-    *value = object->value();
-    return true;
-}
-
-template<class Interface, class RecordVar>
-bool recordOf(Brenmoor::EngineReadingBase_ptr attr, const char* failure, double* value, Units* wire)
-{
-    auto object = narrowed<Interface>(attr, failure);
-    if (CORBA::is_nil(object))
-        return false;
-    const RecordVar record = object->value();
-    *value = record->currentValue;
-    *wire = ValueHelper::convertToUnits(record->units);
-    return true;
-}
-
-template<class Interface>
-CORBA::String_var limitsTopicOf(Brenmoor::EngineReadingBase_ptr attr)
-{
-    return Interface::_narrow(attr)->limitsTopic();
-}
-
-} // namespace
-
 void NumericEntryImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     const QVariant hex = property("IsHex");
     if (hex.isValid())
         m_isHex = hex.toBool();
     WidgetBaseImpl::bindAttribute(attr);
-    if (CORBA::is_nil(attr))
+    NumericLink* number
+        = bindAs<NumericLink>(attr, NumericLink::AnyNumber, ">>>>>Expected Numeric type but received: %s (%s)");
+    if (!number)
         return;
-    m_interface = acceptedInterface(attr, settableInterfaces + readingInterfaces,
-                                    ">>>>>Expected Numeric type but received: %s (%s)");
-    if (m_interface.isEmpty())
-        return;
-    Brenmoor::TypeInfo_var info = attr->typeInfo();
-    m_dataType = QString::fromLatin1(info->typeName.in());
-    if (settableInterfaces.contains(m_interface))
-        bindSettable(m_interface);
-    else if (m_interface == QLatin1String("EngineReadingMeterReading"))
-        bindMeter();
+    number->selectReading(m_readingIndex);
+    if (number->number() == NumericLink::Number::Meter)
+        bindMeter(number);
+    else if (number->isSettable())
+        bindSettable(number);
     else
-        bindReading(m_interface);
+        bindReading(number);
 }
 
-void NumericEntryImpl::bindSettable(const QString& interface)
+void NumericEntryImpl::bindSettable(const NumericLink* number)
 {
-    const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
-    if (!readValue(interface, failure.constData()))
-        return;
-    if (!interface.startsWith(QLatin1String("EngineAttribValue")))
+    readValue(number);
+    if (!number->carriesUnits())
         m_units.setUnitless();
-    setPrecision(interface.endsWith(QLatin1String("Long")) ? 0 : m_precision);
-    if (interface == QLatin1String("EngineAttribLong"))
+    setPrecision(number->isWhole() ? 0 : m_precision);
+    if (number->number() == NumericLink::Number::Long)
         setValue(wholeNumberText(long(m_value), m_isHex));
-    readLimits(interface);
+    number->limits(&m_lowerLimit, &m_upperLimit);
     addNumpad(m_isHex, m_realtimeUpdate);
-    if (interface.startsWith(QLatin1String("EngineAttribValue"))) {
+    if (number->carriesUnits()) {
         updateSliderBounds(m_unitSelector ? m_unitSelector->getEnum() : 0);
         setIndex(m_defaultUnit);
     }
-    subscribeValue(interface);
-    const CORBA::String_var limitsTopic
-        = interface == QLatin1String("EngineAttribLong")         ? limitsTopicOf<Brenmoor::EngineAttribLong>(m_attribute)
-          : interface == QLatin1String("EngineAttribDouble")     ? limitsTopicOf<Brenmoor::EngineAttribDouble>(m_attribute)
-          : interface == QLatin1String("EngineAttribValueLong") ? limitsTopicOf<Brenmoor::EngineAttribValueLong>(m_attribute)
-                                                                 : limitsTopicOf<Brenmoor::EngineAttribValueDouble>(m_attribute);
-    subscribeToVoidDDS(limitsTopic.in(), boost::bind(&NumericEntryImpl::dds_params_callback, this, _1));
+    number->follow(boost::bind(&NumericEntryImpl::dds_callback, this, _1, _2));
+    number->followLimits(boost::bind(&NumericEntryImpl::dds_params_callback, this, _1));
     connect(this, &NumericEntryImpl::updateLimits, this, &NumericEntryImpl::updateParams,
-            Qt::BlockingQueuedConnection);
+            Qt::ConnectionType(Qt::BlockingQueuedConnection | Qt::UniqueConnection));
 }
 
-// Reads the limits into the base unit; false when the attribute has none.
-bool NumericEntryImpl::readLimits(const QString& interface)
+void NumericEntryImpl::bindReading(const NumericLink* number)
 {
-    const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
-    double* lower = &m_lowerLimit;
-    double* upper = &m_upperLimit;
-    if (interface == QLatin1String("EngineAttribLong"))
-        return limitsOf<Brenmoor::EngineAttribLong>(m_attribute, failure.constData(), lower, upper);
-    if (interface == QLatin1String("EngineAttribValueLong"))
-        return limitsOf<Brenmoor::EngineAttribValueLong>(m_attribute, failure.constData(), lower, upper);
-    if (interface == QLatin1String("EngineAttribDouble"))
-        return limitsOf<Brenmoor::EngineAttribDouble>(m_attribute, failure.constData(), lower, upper);
-    return limitsOf<Brenmoor::EngineAttribValueDouble>(m_attribute, failure.constData(), lower, upper);
-}
-
-void NumericEntryImpl::bindReading(const QString& interface)
-{
-    // A plain number that will not narrow is not worth a line; a value record is.
-    const bool record = interface.startsWith(QLatin1String("EngineReadingValue"));
-    const QByteArray failure = "UserInterface - Failed to narrow ::Brenmoor::" + interface.toLatin1();
-    if (!readValue(interface, record ? failure.constData() : nullptr))
-        return;
-    setPrecision(interface.endsWith(QLatin1String("Long")) ? 0 : m_precision);
-    if (record)
+    readValue(number);
+    setPrecision(number->isWhole() ? 0 : m_precision);
+    if (number->carriesUnits())
         setIndex(m_defaultUnit);
-    subscribeValue(interface);
+    number->follow(boost::bind(&NumericEntryImpl::dds_callback, this, _1, _2));
     setReadOnlyStyle();
 }
 
-/*
-  Reads the value, and the unit of a value record, through the reading
-  interface that every numeric attribute has, settable or not; false if the
-  attribute will not narrow to it.
-*/
-bool NumericEntryImpl::readValue(const QString& interface, const char* failure)
+// A value record brings its unit, which becomes the field's base unit.
+void NumericEntryImpl::readValue(const NumericLink* number)
 {
-    const bool isRecord = interface.endsWith(QLatin1String("ValueDouble")) || interface.endsWith(QLatin1String("ValueLong"));
-    double value = 0.0;
-    Units wire;
-    bool read = false;
-    if (interface.endsWith(QLatin1String("ValueDouble")))
-        read = recordOf<Brenmoor::EngineReadingValueDouble, Brenmoor::VALUE_DOUBLE::VALUE_var>(m_attribute, failure,
-                                                                                             &value, &wire);
-    else if (interface.endsWith(QLatin1String("ValueLong")))
-        read = recordOf<Brenmoor::EngineReadingValueLong, Brenmoor::VALUE_LONG::VALUE_var>(m_attribute, failure,
-                                                                                         &value, &wire);
-    else if (interface.endsWith(QLatin1String("Double")))
-        read = numberOf<Brenmoor::EngineReadingDouble>(m_attribute, failure, &value);
-    else
-        read = numberOf<Brenmoor::EngineReadingLong>(m_attribute, failure, &value);
-    if (!read)
-        return false;
-    m_value = value;
-    if (isRecord)
-        initializeValueUnits(wire);
-    return true;
+    NumericSample sample;
+    number->read(&sample);
+    m_value = sample.value;
+    if (number->carriesUnits())
+        initializeValueUnits(sample.units);
 }
 
-void NumericEntryImpl::bindMeter()
+void NumericEntryImpl::bindMeter(const NumericLink* meter)
 {
-    auto attr = narrowed<Brenmoor::EngineReadingMeterReading>(
-        m_attribute, "UserInterface - Failed to narrow ::Brenmoor::EngineReadingMeterReading");
-    if (CORBA::is_nil(attr))
-        return;
-    Brenmoor::MeterReading::ReadingList_var list = attr->value();
-    if (list->readings.length() == 0) {
+    NumericSample sample;
+    QList<long> types;
+    if (!meter->read(&sample, &types)) {
         qDebug() << "UserInterface - >>>>> Error meter reading structure empty for Numeric " << getAttributeName();
     } else {
-        m_readingNames << MeterReadings::names(list.in());
-        m_value = list->readings[0].value;
-        initializeValueUnits(ValueHelper::convertToUnits(list->readings[0].units));
-        m_readingHasNoValue = list->flag0;
-        m_readingDoubtful = list->flag1;
+        for (long type : qAsConst(types))
+            m_readingNames << MeterReadings::translateReadingType(type);
+        m_value = sample.value;
+        initializeValueUnits(sample.units);
+        m_readingHasNoValue = sample.noValue;
+        m_readingDoubtful = sample.doubtful;
         setPrecision(m_precision);
         setIndex(m_defaultUnit);
-        if (list->flag0)
+        if (sample.noValue)
             setValue(QString());
         else
-            setValue(QString::number(m_units.inDisplayUnit(m_value), 'g', 6) + (list->flag1 ? QStringLiteral("?") : QString()));
+            setValue(QString::number(m_units.inDisplayUnit(m_value), 'g', 6) + (sample.doubtful ? QStringLiteral("?") : QString()));
     }
-    subscribeValue(QStringLiteral("EngineReadingMeterReading"));
+    meter->follow(boost::bind(&NumericEntryImpl::dds_callback, this, _1, _2));
     setReadOnlyStyle();
-}
-
-void NumericEntryImpl::subscribeValue(const QString& interface)
-{
-    CORBA::String_var topic = m_attribute->topic();
-    if (interface.endsWith(QLatin1String("ValueDouble")))
-        subscribeToDDS<Brenmoor::VALUE_DOUBLE::VALUE>(
-            topic.in(), boost::bind(&NumericEntryImpl::dds_callback_valueDouble, this, _1, _2));
-    else if (interface.endsWith(QLatin1String("ValueLong")))
-        subscribeToDDS<Brenmoor::VALUE_LONG::VALUE>(
-            topic.in(), boost::bind(&NumericEntryImpl::dds_callback_valueLong, this, _1, _2));
-    else if (interface.endsWith(QLatin1String("Double")))
-        subscribeToDDS<double>(topic.in(), boost::bind(&NumericEntryImpl::dds_callback_double, this, _1, _2));
-    else if (interface.endsWith(QLatin1String("Long")))
-        subscribeToDDS<int>(topic.in(), boost::bind(&NumericEntryImpl::dds_callback_int, this, _1, _2));
-    else
-        subscribeToDDS<Brenmoor::MeterReading::Reading>(
-            topic.in(), boost::bind(&NumericEntryImpl::dds_callback_meter, this, _1, _2));
 }
 
 void NumericEntryImpl::registerReadingSelector(QWidget* widget)
@@ -806,6 +685,8 @@ void NumericEntryImpl::registerReadingSelector(QWidget* widget)
 void NumericEntryImpl::setReadingIndex(long index)
 {
     m_readingIndex = index;
+    if (NumericLink* meter = link<NumericLink>())
+        meter->selectReading(index);
 }
 
 QString NumericEntryImpl::translateReadingType(long type)
@@ -823,71 +704,51 @@ void NumericEntryImpl::logReceived(double number, const Units& unit) const
                            << QString::number(number, 'g', 15) << ValueHelper::getUnitString(unit);
 }
 
-void NumericEntryImpl::dds_callback_int(const char*, int value)
-{
-    if (!m_suppressDebug)
-        qDebug() << "UserInterface - " << getAttributeName() << "Received:" << value << ", Hex:"
-                 << QString::number(value, 16);
-    m_value = double(value);
-    emit valueChange(wholeNumberText(value, m_isHex));
-}
-
-void NumericEntryImpl::dds_callback_double(const char*, double value)
-{
-    if (!m_suppressDebug)
-        qDebug() << "UserInterface - " << getAttributeName() << "Received:" << value << ", Hex:"
-                 << QString::number(qint64(value), 16);
-    m_value = value;
-    emit valueChange(m_isHex ? QString::number(qint64(value), 16) : QString::number(value, 'g', 6));
-}
-
 void NumericEntryImpl::followBaseUnit(const Units& wire, bool alsoDisplay)
 {
     if (m_units.followBaseUnit(wire, alsoDisplay))
         emit baseUnitChanged(wire);
 }
 
-void NumericEntryImpl::dds_callback_valueDouble(const char*, const Brenmoor::VALUE_DOUBLE::VALUE& value)
+void NumericEntryImpl::dds_callback(const char*, const NumericSample& sample)
 {
-    m_value = value.currentValue;
-    const Units unit = ValueHelper::convertToUnits(value.units);
-    logReceived(value.currentValue, unit);
-    followBaseUnit(unit, false);
-    emit valueChange(QString::number(m_units.inDisplayUnit(value.currentValue), 'f', m_precision));
-}
-
-void NumericEntryImpl::dds_callback_valueLong(const char*, const Brenmoor::VALUE_LONG::VALUE& value)
-{
-    m_value = double(value.currentValue);
-    const Units unit = ValueHelper::convertToUnits(value.units);
-    logReceived(value.currentValue, unit);
-    followBaseUnit(unit, false);
-    emit valueChange(QString::number(m_units.inDisplayUnit(double(value.currentValue)), 'g', 6));
-}
-
-void NumericEntryImpl::dds_callback_meter(const char*, const Brenmoor::MeterReading::Reading& reading)
-{
-    if (reading.readings.length() == 0) {
-        qDebug() << "UserInterface - >>>>> Error meter reading structure empty.";
+    const NumericLink* number = link<NumericLink>();
+    if (!number)
         return;
+    m_value = sample.value;
+    if (number->carriesUnits()) {
+        logReceived(sample.value, sample.units);
+        // A meter's reading may change its unit with the range; the field follows it all the way.
+        followBaseUnit(sample.units, number->number() == NumericLink::Number::Meter);
+    } else if (!m_suppressDebug) {
+        qDebug() << "UserInterface - " << getAttributeName() << "Received:" << sample.value << ", Hex:"
+                 << QString::number(qint64(sample.value), 16);
     }
-    // The selector offered a reading this list does not have.
-    if (m_readingIndex < 0 || CORBA::ULong(m_readingIndex) >= reading.readings.length())
-        throw CORBA::BAD_PARAM();
-    const Brenmoor::MeterReading::ReadingData& entry = reading.readings[CORBA::ULong(long(m_readingIndex))];
-    m_value = entry.value;
-    const Units unit = ValueHelper::convertToUnits(entry.units);
-    logReceived(entry.value, unit);
-    followBaseUnit(unit, true);
-    m_readingHasNoValue = reading.flag0;
-    m_readingDoubtful = reading.flag1;
-    if (reading.flag3)
-        emit valueChange(QStringLiteral("Over Limit"));
-    else if (reading.flag0)
-        emit valueChange(QString());
-    else
-        emit valueChange(QString::number(m_units.inDisplayUnit(entry.value), 'f', m_precision)
-                         + (reading.flag1 ? QStringLiteral("?") : QString()));
+    m_readingHasNoValue = sample.noValue;
+    m_readingDoubtful = sample.doubtful;
+    emit valueChange(sampleText(number, sample));
+}
+
+QString NumericEntryImpl::sampleText(const NumericLink* number, const NumericSample& sample) const
+{
+    switch (number->number()) {
+    case NumericLink::Number::Long:
+        return wholeNumberText(long(sample.value), m_isHex);
+    case NumericLink::Number::Double:
+        return m_isHex ? QString::number(qint64(sample.value), 16) : QString::number(sample.value, 'g', 6);
+    case NumericLink::Number::ValueLong:
+        return QString::number(m_units.inDisplayUnit(sample.value), 'g', 6);
+    case NumericLink::Number::ValueDouble:
+        return QString::number(m_units.inDisplayUnit(sample.value), 'f', m_precision);
+    case NumericLink::Number::Meter:
+        break;
+    }
+    if (sample.overLimit)
+        return QStringLiteral("Over Limit");
+    if (sample.noValue)
+        return QString();
+    return QString::number(m_units.inDisplayUnit(sample.value), 'f', m_precision)
+           + (sample.doubtful ? QStringLiteral("?") : QString());
 }
 
 void NumericEntryImpl::dds_params_callback(const char*)
@@ -897,10 +758,10 @@ void NumericEntryImpl::dds_params_callback(const char*)
 
 void NumericEntryImpl::updateParams()
 {
-    if (!readLimits(m_interface))
+    const NumericLink* number = link<NumericLink>();
+    if (!number || !number->limits(&m_lowerLimit, &m_upperLimit))
         return;
-    const bool valued = m_interface.startsWith(QLatin1String("EngineAttribValue"));
-    updateSliderBounds(valued && m_unitSelector ? m_unitSelector->getEnum() : 0);
+    updateSliderBounds(number->carriesUnits() && m_unitSelector ? m_unitSelector->getEnum() : 0);
 }
 
 // ---- the way out ---------------------------------------------------------
@@ -908,30 +769,22 @@ void NumericEntryImpl::updateParams()
 void NumericEntryImpl::enterValue()
 {
     const QString text = m_valueEdit->text();
-    if (CORBA::is_nil(m_attribute)) {
-        const double number = text.toDouble();
-        m_value = ValueHelper::convertValue(number, getDisplayUnit(), getBaseUnit());
-        updateReading(number);
+    const NumericLink* number = link<NumericLink>();
+    if (!number || !number->isSettable()) {
+        const double entered = text.toDouble();
+        m_value = ValueHelper::convertValue(entered, getDisplayUnit(), getBaseUnit());
+        updateReading(entered);
     } else {
-        double number = 0.0;
-        if (m_dataType == QLatin1String("long"))
-            number = double(text.toLong(nullptr, m_isHex ? 16 : 10));
-        else if (m_dataType == QLatin1String("double"))
-            number = text.toDouble();
-        else if (m_dataType == QLatin1String("ValueDouble"))
-            number = ValueHelper::convertValue(text.toDouble(), getDisplayUnit(), getBaseUnit());
-        else
-            number = std::trunc(ValueHelper::convertValue(long(text.toDouble()), getDisplayUnit(), getBaseUnit()));
         const QString unit = ValueHelper::getUnitString(getDisplayUnit());
         if (m_nothingEnteredSinceSend && unit == m_unitOfLastSend) {
             // The box shows the engine's value from before the last send: sent
             // again, it would undo that send before the engine's sample comes.
-        } else if (!showEngineValue()) {
+        } else if (!showEngineValue(number)) {
             qDebug() << "UserInterface - NUMERIC:" << getAttributeName() << "threw exception while sending:" << text;
             revertChanges();
         } else {
             // The box shows the engine's value until the engine's sample brings the new one.
-            startSend(number);
+            startSend(number, enteredNumber(number, text));
             m_nothingEnteredSinceSend = true;
             m_unitOfLastSend = unit;
         }
@@ -939,86 +792,73 @@ void NumericEntryImpl::enterValue()
     emit valueChanged(m_units.broadcast(m_valueEdit->text().toDouble()));
 }
 
-bool NumericEntryImpl::showEngineValue()
+// The operator's text as the engine takes it: in the base unit, whole numbers cut.
+double NumericEntryImpl::enteredNumber(const NumericLink* number, const QString& text) const
 {
-    QString shown;
-    const EngineCall outcome = callEngine([&] {
-        if (m_dataType == QLatin1String("long")) {
-            shown = QString::number(Brenmoor::EngineAttribLong::_narrow(m_attribute)->value());
-        } else if (m_dataType == QLatin1String("double")) {
-            shown = QString::number(Brenmoor::EngineAttribDouble::_narrow(m_attribute)->value(), 'f', m_precision);
-        } else if (m_dataType == QLatin1String("ValueDouble")) {
-            Brenmoor::VALUE_DOUBLE::VALUE_var value = Brenmoor::EngineAttribValueDouble::_narrow(m_attribute)->value();
-            shown = QString::number(m_units.inDisplayUnit(value->currentValue), 'f', m_precision);
-        } else {
-            Brenmoor::VALUE_LONG::VALUE_var value = Brenmoor::EngineAttribValueLong::_narrow(m_attribute)->value();
-            shown = QString::number(m_units.inDisplayUnit(double(value->currentValue)), 'g', 6);
-        }
-    });
-    if (outcome != EngineCall::Done)
+    switch (number->number()) {
+    case NumericLink::Number::Long:
+        return double(text.toLong(nullptr, m_isHex ? 16 : 10));
+    case NumericLink::Number::ValueLong:
+        return std::trunc(ValueHelper::convertValue(long(text.toDouble()), getDisplayUnit(), getBaseUnit()));
+    case NumericLink::Number::ValueDouble:
+        return ValueHelper::convertValue(text.toDouble(), getDisplayUnit(), getBaseUnit());
+    default:
+        return text.toDouble();
+    }
+}
+
+bool NumericEntryImpl::showEngineValue(const NumericLink* number)
+{
+    NumericSample sample;
+    if (callEngine([&] { number->read(&sample); }) != EngineCall::Done)
         return false;
-    m_valueEdit->setText(shown);
+    m_valueEdit->setText(number->number() == NumericLink::Number::Long ? QString::number(long(sample.value))
+                         : number->number() == NumericLink::Number::Double
+                             ? QString::number(sample.value, 'f', m_precision)
+                             : sampleText(number, sample));
     return true;
 }
 
 NumericEntryImpl::Outgoing NumericEntryImpl::outgoing(double number) const
 {
     const NumericUnits::ForSend units = m_units.forSend();
-    return {m_dataType, number, units.wireUnit, units.displayLabel, m_valueEdit->text()};
+    return {number, units.wireUnit, units.displayLabel, m_valueEdit->text()};
 }
 
 // ---- sends, on a worker ----------------------------------------------------
 
-void NumericEntryImpl::startSend(double number)
+void NumericEntryImpl::startSend(const NumericLink* number, double value)
 {
-    const Outgoing out = outgoing(number);
-    if (m_dataType == QLatin1String("double") || m_dataType == QLatin1String("ValueDouble"))
-        sendOnWorker([this, out] { sendDouble(out); });
+    const Outgoing out = outgoing(value);
+    if (number->isWhole())
+        sendOnWorker([this, number, out] { sendLong(number, out); });
     else
-        sendOnWorker([this, out] { sendLong(out); });
+        sendOnWorker([this, number, out] { sendDouble(number, out); });
 }
 
-void NumericEntryImpl::sendDouble(const Outgoing& out)
+void NumericEntryImpl::sendDouble(const NumericLink* number, const Outgoing& out)
 {
-    if (out.type == QLatin1String("double")) {
-        send(out, [&] {
-            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Double): " << out.number;
-            Brenmoor::EngineAttribDouble::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), out.number);
-        }, "g");
-    } else if (out.type == QLatin1String("ValueDouble")) {
-        send(out, [&] {
-            Brenmoor::VALUE_DOUBLE::VALUE record{};
-            record.units = ValueHelper::toWireUnits(out.wireUnit);
-            record.currentValue = out.number;
+    send(out, [&] {
+        if (number->carriesUnits())
             qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (ValueDouble): "
                      << QString::number(out.number, 'g', 15) << out.unitLabel;
-            Brenmoor::EngineAttribValueDouble::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), record);
-        }, "g");
-    } else {
-        qDebug() << "UserInterface - Numeric: unknown type:" << out.type;
-    }
+        else
+            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Double): " << out.number;
+        number->set(out.number, out.wireUnit);
+    }, "g");
 }
 
-void NumericEntryImpl::sendLong(const Outgoing& out)
+void NumericEntryImpl::sendLong(const NumericLink* number, const Outgoing& out)
 {
-    const CORBA::Long number = CORBA::Long(out.number);
-    if (out.type == QLatin1String("long")) {
-        send(out, [&] {
-            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Long): " << number;
-            Brenmoor::EngineAttribLong::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), number);
-        }, "d");
-    } else if (out.type == QLatin1String("ValueLong")) {
-        send(out, [&] {
-            Brenmoor::VALUE_LONG::VALUE record{};
-            record.units = ValueHelper::toWireUnits(out.wireUnit);
-            record.currentValue = number;
-            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (ValueLong): " << number
-                     << out.unitLabel;
-            Brenmoor::EngineAttribValueLong::_narrow(m_attribute)->set(GlobalImpl::getLockerID(), record);
-        }, "d");
-    } else {
-        qDebug() << "UserInterface - Numeric: unknown type:" << out.type;
-    }
+    send(out, [&] {
+        if (number->carriesUnits())
+            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (ValueLong): "
+                     << CORBA::Long(out.number) << out.unitLabel;
+        else
+            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Long): "
+                     << CORBA::Long(out.number);
+        number->set(out.number, out.wireUnit);
+    }, "d");
 }
 
 // One catch order for every send: out of range is told to the operator and

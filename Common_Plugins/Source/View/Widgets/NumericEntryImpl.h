@@ -14,12 +14,8 @@ class ComboBoxImpl;
 class NumpadEntryImpl;
 class QLineEdit;
 
-namespace Brenmoor {
-struct TypeInfo;
-namespace VALUE_DOUBLE { struct VALUE; }
-namespace VALUE_LONG { struct VALUE; }
-namespace MeterReading { struct Reading; }
-}
+class NumericLink;
+struct NumericSample;
 
 /*!
   The field in which an operator reads and changes one number of the
@@ -158,7 +154,6 @@ private:
     //! What a worker needs of the field to send one value; taken on the interface thread.
     struct Outgoing
     {
-        QString type;
         double number = 0.0;
         Kelvane::Value::Units wireUnit;
         QString unitLabel;
@@ -177,28 +172,25 @@ private:
     void buildSheets(bool lockImage);
     QString thumbCut(const QString& text) const;
 
-    void bindSettable(const QString& interface);
-    void bindReading(const QString& interface);
-    bool readValue(const QString& interface, const char* failure);
-    void bindMeter();
-    bool readLimits(const QString& interface);
-    void subscribeValue(const QString& interface);
+    bool isMeter() const;
+    void bindSettable(const NumericLink* number);
+    void bindReading(const NumericLink* number);
+    void readValue(const NumericLink* number);
+    void bindMeter(const NumericLink* meter);
     void updateSliderBounds(long key);
 
-    bool showEngineValue();
+    bool showEngineValue(const NumericLink* number);
+    double enteredNumber(const NumericLink* number, const QString& text) const;
     Outgoing outgoing(double number) const;
-    //! Sends \a number, in the base unit, from a worker by the attribute's type word.
-    void startSend(double number);
-    void sendDouble(const Outgoing& out);
-    void sendLong(const Outgoing& out);
+    //! Sends \a value, in the base unit, from a worker.
+    void startSend(const NumericLink* number, double value);
+    void sendDouble(const NumericLink* number, const Outgoing& out);
+    void sendLong(const NumericLink* number, const Outgoing& out);
     void send(const Outgoing& out, const std::function<void()>& call, const char* format);
     void reportOutOfRange(const QString& text, const QString& actual, const QString& lower, const QString& upper);
 
-    void dds_callback_int(const char* topic, int value);
-    void dds_callback_double(const char* topic, double value);
-    void dds_callback_valueDouble(const char* topic, const Brenmoor::VALUE_DOUBLE::VALUE& value);
-    void dds_callback_valueLong(const char* topic, const Brenmoor::VALUE_LONG::VALUE& value);
-    void dds_callback_meter(const char* topic, const Brenmoor::MeterReading::Reading& reading);
+    void dds_callback(const char* topic, const NumericSample& sample);
+    QString sampleText(const NumericLink* number, const NumericSample& sample) const;
     void dds_params_callback(const char* topic);
     void logReceived(double number, const Kelvane::Value::Units& unit) const;
     //! Takes \a wire as the new base unit when the filter asks for it, and tells the selector.
@@ -226,8 +218,6 @@ private:
     QString m_styleUnitMax, m_styleUnitMin, m_styleUnitThumb;
     QString m_stylePlainMax, m_stylePlainMin, m_stylePlainThumb;
     QString m_styleReadOnly;
-    QString m_dataType;
-    QString m_interface;
     QString m_savedText;
     //! No key, typed text or given text since the last send; an Enter in its unit has nothing to send.
     bool m_nothingEnteredSinceSend = false;

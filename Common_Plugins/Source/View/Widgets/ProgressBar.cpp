@@ -2,9 +2,8 @@
 
 #include "CSS.h"
 #include "DisplayFrame.h"
+#include "NumericLink.h"
 #include "QRVUtil.h"
-
-#include <Brenmoor.hh>
 
 #include <QLabel>
 #include <QProgressBar>
@@ -85,20 +84,17 @@ void ProgressBar::mouseReleaseEvent(QMouseEvent*) {}
 void ProgressBar::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     WidgetBaseImpl::bindAttribute(attr);
-    if (CORBA::is_nil(attr))
-        return;
     // The one widget that stays silent on a type mismatch.
-    if (acceptedInterface(attr, {QStringLiteral("EngineReadingLong")}, nullptr).isEmpty())
+    const NumericLink* reading = bindAs<NumericLink>(attr, NumericLink::ReadingLong, nullptr);
+    if (!reading)
         return;
-    Brenmoor::EngineReadingLong_var reading = Brenmoor::EngineReadingLong::_narrow(attr);
-    if (CORBA::is_nil(reading))
-        return;
-    updateProgress(reading->value());
-    CORBA::String_var topic = attr->topic();
-    subscribeToDDS<int>(topic.in(), boost::bind(&ProgressBar::dds_callback, this, _1, _2));
+    NumericSample percent;
+    reading->read(&percent);
+    updateProgress(int(percent.value));
+    reading->follow(boost::bind(&ProgressBar::dds_callback, this, _1, _2));
 }
 
-void ProgressBar::dds_callback(const char*, int value)
+void ProgressBar::dds_callback(const char*, const NumericSample& sample)
 {
-    emit newBarValue(value);
+    emit newBarValue(int(sample.value));
 }

@@ -4,6 +4,7 @@
 #include "WidgetBaseImpl.h"
 
 class QProgressBar;
+struct NumericSample;
 
 /*!
   A bar that shows a whole percentage from the engine, with an optional
@@ -37,7 +38,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void dds_callback(const char* topic, int value);
+    void dds_callback(const char* topic, const NumericSample& sample);
     static QString styleSheetFor(int labelFontPx, int frameHeightPx, int barPaddingPx, int barFontPx);
 
     QProgressBar* m_bar = nullptr;

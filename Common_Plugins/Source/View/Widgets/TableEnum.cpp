@@ -1,8 +1,7 @@
 #include "TableEnum.h"
 
+#include "EnumLink.h"
 #include "TableViewImpl.h"
-
-#include <Brenmoor.hh>
 
 #include <QDebug>
 #include <QPainter>
@@ -110,28 +109,19 @@ void TableEnum::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     // The rows are the table's whole face: it follows no lock of the attribute.
     takeAttribute(attr);
-    if (CORBA::is_nil(attr))
+    const EnumLink* enumeration
+        = bindAs<EnumLink>(attr, EnumLink::AttribEnum, ">>>>>Expected Enumeration type but received: %s (%s)");
+    if (!enumeration)
         return;
-    if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")},
-                          ">>>>>Expected Enumeration type but received: %s (%s)")
-            .isEmpty())
-        return;
-    Brenmoor::EngineAttribEnum_var enumeration = Brenmoor::EngineAttribEnum::_narrow(attr);
-    if (CORBA::is_nil(enumeration)) {
-        qDebug() << "Failed to narrow ::Brenmoor::EngineAttribEnum";
-        return;
-    }
     requestCorbaList();
-    CORBA::String_var topic = attr->topic();
-    CORBA::String_var paramsTopic = enumeration->paramsTopic();
-    subscribeToDDS<int>(topic.in(), boost::bind(&TableEnum::dds_callback, this, _1, _2));
-    subscribeToVoidDDS(paramsTopic.in(), boost::bind(&TableEnum::dds_params_callback, this, _1));
+    enumeration->follow(boost::bind(&TableEnum::dds_callback, this, _1, _2),
+                        boost::bind(&TableEnum::dds_params_callback, this, _1));
 }
 
 void TableEnum::requestCorbaList()
 {
     QList<EnumColumn::Entry> entries;
-    if (CORBA::is_nil(m_attribute) || !fetchEntries(m_attribute, &entries))
+    if (!fetchEntries(link<EnumLink>(), &entries))
         return;
     model->setRowCount(entries.size());
     // The blanks keep the labels off the panel's rounded edge.
@@ -142,7 +132,7 @@ void TableEnum::requestCorbaList()
 void TableEnum::getCorbaValue()
 {
     long value = 0;
-    if (CORBA::is_nil(m_attribute) || !fetchValue(m_attribute, &value))
+    if (!fetchValue(link<EnumLink>(), &value))
         return;
     currentValue = value;
     // Always on the interface thread, where a blocking emission would wait
@@ -186,8 +176,9 @@ void TableEnum::rowSelectedEvent(const QModelIndex& index)
 void TableEnum::setEnum(const long& value)
 {
     acquireLock();
-    if (!CORBA::is_nil(m_attribute)
-        && sendWithOneRetry(m_attribute, value, [this] { requestCorbaList(); }, "UserInterface - ")
+    const EnumLink* enumeration = link<EnumLink>();
+    if (enumeration
+        && sendWithOneRetry(enumeration, value, [this] { requestCorbaList(); }, "UserInterface - ")
                == SendOutcome::RetryFailed)
         emit exceptionMessage(getAttributeName() + QStringLiteral(" threw an exception while sending: ")
                               + QString::number(value));

@@ -1,8 +1,7 @@
 #include "TableEnumMulti.h"
 
+#include "EnumLink.h"
 #include "TableViewImpl.h"
-
-#include <Brenmoor.hh>
 
 #include <QDebug>
 #include <QItemSelectionModel>
@@ -31,27 +30,20 @@ TableEnumMulti::~TableEnumMulti()
 {
     // The DDS callbacks read the column lists of this class.
     releaseSubscriptions();
-    for (Brenmoor::EngineReadingBase_ptr attr : qAsConst(attributes))
-        CORBA::release(attr);
 }
 
 void TableEnumMulti::changeSize(const QString&) {}
 
 void TableEnumMulti::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
-    // Each call adds a column, so the frame's binding, which holds one attribute, is not used.
+    // Each call adds a column, kept as the frame's link of that index; the
+    // frame's own attribute, which would show a lock, is not used.
+    const Brenmoor::EngineReadingBase_var owned = attr;
     noteBindingAttempt(attr);
-    if (CORBA::is_nil(attr))
+    const EnumLink* enumeration
+        = bindAs<EnumLink>(attr, EnumLink::AttribEnum, ">>>>>Expected Enumeration type but received: %s (%s)");
+    if (!enumeration)
         return;
-    if (acceptedInterface(attr, {QStringLiteral("EngineAttribEnum")},
-                          ">>>>>Expected Enumeration type but received: %s (%s)")
-            .isEmpty())
-        return;
-    Brenmoor::EngineAttribEnum_var enumeration = Brenmoor::EngineAttribEnum::_narrow(attr);
-    if (CORBA::is_nil(enumeration))
-        return;
-    CORBA::String_var topic = attr->topic();
-    CORBA::String_var paramsTopic = enumeration->paramsTopic();
     long col = 0;
     {
         QMutexLocker lock(&columnsMutex);
@@ -59,15 +51,14 @@ void TableEnumMulti::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
         // A heading given before the first bind belongs to this column.
         headings.append(col < model->columnCount() ? model->headerData(int(col), Qt::Horizontal).toString()
                                                    : QString());
-        valueTopics.append(QString::fromUtf8(topic.in()));
-        paramsTopics.append(QString::fromUtf8(paramsTopic.in()));
+        valueTopics.append(QString::fromUtf8(enumeration->topic()));
+        paramsTopics.append(QString::fromUtf8(enumeration->paramsTopic()));
         rowOfValue.push_back(std::make_unique<EnumColumn>());
-        attributes.append(attr);
     }
     model->setColumnCount(headings.size());
     model->setHeaderData(int(col), Qt::Horizontal, headings.last());
-    subscribeToDDS<int>(topic.in(), boost::bind(&TableEnumMulti::dds_callback, this, _1, _2));
-    subscribeToVoidDDS(paramsTopic.in(), boost::bind(&TableEnumMulti::dds_params_callback, this, _1));
+    enumeration->follow(boost::bind(&TableEnumMulti::dds_callback, this, _1, _2),
+                        boost::bind(&TableEnumMulti::dds_params_callback, this, _1));
     requestCorbaList(col);
     getCorbaValue(col);
 }
@@ -77,9 +68,7 @@ void TableEnumMulti::releaseBinding()
     // The subscriptions go first: their callbacks read the columns.
     EnumTableBase::releaseBinding();
     QMutexLocker lock(&columnsMutex);
-    for (Brenmoor::EngineReadingBase_ptr attr : qAsConst(attributes))
-        CORBA::release(attr);
-    attributes.clear();
+    lostColumns.clear();
     headings.clear();
     valueTopics.clear();
     paramsTopics.clear();
@@ -92,10 +81,57 @@ EnumColumn* TableEnumMulti::column(long col) const
     return col >= 0 && col < long(rowOfValue.size()) ? rowOfValue[size_t(col)].get() : nullptr;
 }
 
-Brenmoor::EngineReadingBase_ptr TableEnumMulti::attributeOf(long col) const
+const EnumLink* TableEnumMulti::attributeOf(long col) const
+{
+    return col >= 0 && !isColumnLost(col) ? link<EnumLink>(int(col)) : nullptr;
+}
+
+long TableEnumMulti::columnOfLink(const EnumLink* enumeration) const
+{
+    for (long col = 0; const AttributeLink* each = link<AttributeLink>(int(col)); ++col) {
+        if (each == enumeration)
+            return col;
+    }
+    return -1;
+}
+
+bool TableEnumMulti::isColumnLost(long col) const
 {
     QMutexLocker lock(&columnsMutex);
-    return attributes.value(int(col), nullptr);
+    return lostColumns.contains(col);
+}
+
+WidgetBaseImpl::EngineCall TableEnumMulti::callFor(const EnumLink* enumeration, const std::function<void()>& call,
+                                                   QString* failure)
+{
+    QString reason;
+    const EngineCall outcome = callAttribute(enumeration, call, &reason);
+    // Without a reason the engine was known lost already: that shows on the whole table.
+    if (outcome == EngineCall::LinkLost && !reason.isEmpty())
+        markColumnLost(columnOfLink(enumeration), reason);
+    if (failure)
+        *failure = reason;
+    return outcome;
+}
+
+void TableEnumMulti::markColumnLost(long col, const QString& reason)
+{
+    {
+        QMutexLocker lock(&columnsMutex);
+        if (col < 0 || lostColumns.contains(col))
+            return;
+        lostColumns.insert(col);
+    }
+    qDebug() << "UserInterface - TableEnumMulti:" << getAttributeName() << "column" << col
+             << "lost its engine link:" << reason;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        if (QStandardItem* item = model->item(row, int(col))) {
+            item->setEnabled(false);
+            // The table's sheet colours every enabled and disabled text alike.
+            item->setForeground(QColor(Qt::darkGray));
+        }
+    }
+    model->setHeaderData(int(col), Qt::Horizontal, QStringLiteral("Engine link lost (%1)").arg(reason), Qt::ToolTipRole);
 }
 
 long TableEnumMulti::columnOf(const QStringList& topics, const char* topic) const
@@ -215,7 +251,8 @@ void TableEnumMulti::rowSelectedEvent(const QModelIndex& rowIndex)
 
 void TableEnumMulti::setEnum(const long& col, const long& value)
 {
-    sendWithOneRetry(attributeOf(col), value, [this, col] { requestCorbaList(col); }, "");
+    if (const EnumLink* enumeration = attributeOf(col))
+        sendWithOneRetry(enumeration, value, [this, col] { requestCorbaList(col); }, "");
 }
 
 } // namespace gui

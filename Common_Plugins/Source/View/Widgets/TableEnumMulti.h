@@ -5,7 +5,7 @@
 
 #include <QModelIndex>
 #include <QMutex>
-#include <QVector>
+#include <QSet>
 
 #include <memory>
 #include <vector>
@@ -19,6 +19,10 @@ namespace gui {
   the table and sends each column's enumerator of that row. Each
   bindAttribute() call adds one EngineAttribEnum column; its value topic
   moves the selection and its params topic refills that column.
+
+  The columns' attributes are kept apart: one that cannot be reached greys
+  its own column, which sends and fetches nothing more until the table is
+  bound again, while the other columns go on.
 */
 class TableEnumMulti : public EnumTableBase
 {
@@ -43,6 +47,8 @@ public:
     Q_INVOKABLE bool literalExists(const QString& str) const;
     //! The longest column's length: the table's row count.
     int getMaxParamLength() const;
+    //! True once the attribute of \a col could not be reached.
+    bool isColumnLost(long col) const;
 
 signals:
     void valueChanged(long colIndex, long val);
@@ -60,6 +66,7 @@ protected:
     virtual void requestCorbaList(const long& col);
     virtual void getCorbaValue(const long& col);
     void setEnum(const long& col, const long& value);
+    EngineCall callFor(const EnumLink* enumeration, const std::function<void()>& call, QString* failure) override;
 
 private:
     void dds_callback(const char* topic, int value);
@@ -67,14 +74,15 @@ private:
     //! The column whose topic in \a topics is \a topic; -1 for none.
     long columnOf(const QStringList& topics, const char* topic) const;
     EnumColumn* column(long col) const;
-    Brenmoor::EngineReadingBase_ptr attributeOf(long col) const;
+    const EnumLink* attributeOf(long col) const;
+    long columnOfLink(const EnumLink* enumeration) const;
+    void markColumnLost(long col, const QString& reason);
 
     QList<QString> headings;
     QStringList valueTopics;
     QStringList paramsTopics;
     std::vector<std::unique_ptr<EnumColumn>> rowOfValue;
-    //! Owned.
-    QVector<Brenmoor::EngineReadingBase_ptr> attributes;
+    QSet<long> lostColumns;
     //! The column lists grow on the interface thread while DDS threads look columns up.
     mutable QMutex columnsMutex;
 };

@@ -1,9 +1,8 @@
 #include "ToggleButtonImpl.h"
 
+#include "BooleanLink.h"
 #include "CSS.h"
 #include "GlobalImpl.h"
-
-#include <Brenmoor.hh>
 
 #include <QDebug>
 #include <QLabel>
@@ -189,18 +188,18 @@ void ToggleButtonImpl::pressedEvent()
 
 void ToggleButtonImpl::attemptState(const QString& s)
 {
+    const BooleanLink* boolean = link<BooleanLink>();
     QString failure;
     const EngineCall outcome = callEngine(
-        [this, &s] {
-            Brenmoor::EngineAttribBoolean_var attr = Brenmoor::EngineAttribBoolean::_narrow(m_attribute);
-            if (CORBA::is_nil(attr))
+        [this, boolean, &s] {
+            if (!boolean)
                 return;
             if (s == m_onText) {
                 qDebug() << "UserInterface - ToggleButton:" << getAttributeName() << "- Sending True";
-                attr->set(GlobalImpl::getLockerID(), true);
+                boolean->set(true);
             } else if (s == m_offText) {
                 qDebug() << "UserInterface - ToggleButton:" << getAttributeName() << "- Sending False";
-                attr->set(GlobalImpl::getLockerID(), false);
+                boolean->set(false);
             }
         },
         &failure);
@@ -214,10 +213,10 @@ void ToggleButtonImpl::attemptState(const QString& s)
 
 void ToggleButtonImpl::revertToEngineState()
 {
-    const EngineCall outcome = callEngine([this] {
-        Brenmoor::EngineAttribBoolean_var attr = Brenmoor::EngineAttribBoolean::_narrow(m_attribute);
-        if (!CORBA::is_nil(attr))
-            setState(attr->value() ? m_onText : m_offText);
+    const BooleanLink* boolean = link<BooleanLink>();
+    const EngineCall outcome = callEngine([this, boolean] {
+        if (boolean)
+            setState(boolean->value() ? m_onText : m_offText);
     });
     if (outcome == EngineCall::Refused)
         disconnectCORBA(QStringLiteral("Failed to revert"));
@@ -226,20 +225,12 @@ void ToggleButtonImpl::revertToEngineState()
 void ToggleButtonImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     WidgetBaseImpl::bindAttribute(attr);
-    if (CORBA::is_nil(attr))
+    const BooleanLink* boolean
+        = bindAs<BooleanLink>(attr, BooleanLink::AttribBoolean, ">>>>>Expected Boolean type but received: %s (%s)");
+    if (!boolean)
         return;
-    if (acceptedInterface(attr, {QStringLiteral("EngineAttribBoolean")},
-                          ">>>>>Expected Boolean type but received: %s (%s)")
-            .isEmpty())
-        return;
-    Brenmoor::EngineAttribBoolean_var boolean = Brenmoor::EngineAttribBoolean::_narrow(attr);
-    if (CORBA::is_nil(boolean)) {
-        qDebug() << "Failed to narrow ::Brenmoor::EngineAttribBoolean";
-        return;
-    }
     setButtonState(boolean->value() ? m_onText : m_offText);
-    CORBA::String_var topic = attr->topic();
-    subscribeToDDS<bool>(topic.in(), boost::bind(&ToggleButtonImpl::dds_callback, this, _1, _2));
+    boolean->follow(boost::bind(&ToggleButtonImpl::dds_callback, this, _1, _2));
 }
 
 void ToggleButtonImpl::dds_callback(const char*, bool value)

@@ -1,0 +1,35 @@
+#ifndef BOOLEANLINK_H
+#define BOOLEANLINK_H
+
+#include "AttributeLink.h"
+
+/*!
+  An on/off value: a setting (EngineAttribBoolean) or a reading
+  (EngineReadingBoolean), which has no set().
+*/
+class BooleanLink : public AttributeLink
+{
+public:
+    enum Interface
+    {
+        AttribBoolean = 1,
+        ReadingBoolean = 2
+    };
+    static const LinkFamily family;
+
+    bool isNarrowed() const override;
+    bool value() const;
+    //! Throws CORBA::BAD_OPERATION on a reading.
+    void set(bool on) const;
+    void follow(boost::function<void(const char*, bool)> onValue) const;
+
+private:
+    BooleanLink(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface);
+    static AttributeLink* make(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface);
+
+    Brenmoor::EngineReadingBoolean_var m_reading;
+    bool m_settable = false;
+    Brenmoor::EngineAttribBoolean_var m_setting;
+};
+
+#endif // BOOLEANLINK_H
