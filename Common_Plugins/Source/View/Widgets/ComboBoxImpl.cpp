@@ -14,6 +14,8 @@
 
 #include <boost/bind/bind.hpp>
 
+#include <algorithm>
+
 using namespace boost::placeholders;
 
 ComboBoxImpl::ComboBoxImpl(bool embedded, QWidget* parent)
@@ -147,6 +149,17 @@ void ComboBoxImpl::setList(const QList<ComboBoxListStruct>& list, long current)
     if (list.isEmpty())
         m_valueField->setText(QString());
     m_list->setList(list, current);
+}
+
+void ComboBoxImpl::fitToWidestChoice()
+{
+    // The sheet for the size word sets the field's font, border and padding.
+    ensurePolished();
+    int widest = 0;
+    for (const ComboBoxListStruct& choice : getList())
+        widest = std::max(widest, QRVUtil::labelWidthFor(m_valueField, choice.text));
+    const QMargins around = contentsMargins() + layout()->contentsMargins();
+    setFixedWidth(widest + around.left() + around.right());
 }
 
 void ComboBoxImpl::offerReadings(const QStringList& names)

@@ -44,6 +44,8 @@ public:
     virtual void setText(const QString& text);
     //! The open drop-down, for hosts and tests that look at it.
     ComboBoxListImpl* listWidget() const;
+    //! Makes the field exactly as wide as its widest choice in the font of its size.
+    void fitToWidestChoice();
 
     void offerReadings(const QStringList& names) override;
     QMetaObject::Connection followReadingChoice(QObject* receiver, std::function<void(long)> onChoice) override;

@@ -21,7 +21,6 @@
 
 #include <boost/bind/bind.hpp>
 
-#include <algorithm>
 #include <cmath>
 
 using namespace boost::placeholders;
@@ -175,7 +174,7 @@ void NumericEntryImpl::addUnits(const QStringList& labels, const QList<long>& ke
     for (int i = 0; i < keys.size(); ++i)
         list << ComboBoxListStruct(keys.at(i), labels.at(i), true);
     m_unitSelector->setList(list, -1);
-    fitUnitSelector();
+    m_unitSelector->fitToWidestChoice();
     if (!created)
         return;
     m_unitSelector->setEnabled(false);
@@ -189,26 +188,6 @@ void NumericEntryImpl::createUnitSelector()
     m_unitSelector = new ComboBoxImpl(true);
     static_cast<QGridLayout*>(layout())->addWidget(m_unitSelector, 1, 1);
     connect(m_unitSelector, &ComboBoxImpl::updateEnum, this, [this](long key) { setIndex(key); });
-}
-
-// The selector is as wide as its longest label in the font of the size.
-void NumericEntryImpl::fitUnitSelector()
-{
-    m_unitWidth = unitSelectorWidth();
-    m_unitSelector->setMinimumWidth(m_unitWidth);
-    m_unitSelector->setMaximumWidth(m_unitWidth);
-}
-
-int NumericEntryImpl::unitSelectorWidth() const
-{
-    // The selector's sheet for the size word sets its field's font, border and padding.
-    m_unitSelector->ensurePolished();
-    const QLabel* field = m_unitSelector->getValueField();
-    int widest = 0;
-    for (const QString& label : m_unitNames)
-        widest = std::max(widest, QRVUtil::labelWidthFor(field, label));
-    const QMargins around = m_unitSelector->contentsMargins() + m_unitSelector->layout()->contentsMargins();
-    return widest + around.left() + around.right();
 }
 
 bool NumericEntryImpl::baseUnitsMatch(const Units& a, const Units& b) const
@@ -392,7 +371,7 @@ void NumericEntryImpl::changeSize(const QString& size)
         return;
     if (withUnit && known)
         m_unitSelector->changeSize(m_sizeName);
-    fitUnitSelector();
+    m_unitSelector->fitToWidestChoice();
 }
 
 void NumericEntryImpl::buildSheets(bool lockImage)

@@ -162,8 +162,6 @@ private:
 
     void addUnits(const QStringList& labels, const QList<long>& keys);
     void createUnitSelector();
-    void fitUnitSelector();
-    int unitSelectorWidth() const;
     void initializeValueUnits(const Kelvane::Value::Units& wire);
     void setPrecision(int precision, double value);
     void updateReading(double value);
@@ -201,7 +199,6 @@ private:
     bool m_readOnly = false;
     int m_precision = 4;
     int m_sliderBar = 1;
-    int m_unitWidth = 0;
     long m_defaultUnit = 0;
     double m_upperLimit = 0.0;
     double m_lowerLimit = 0.0;
