@@ -179,7 +179,6 @@ void NumericEntryImpl::addUnits(const QStringList& labels, const QList<long>& ke
         return;
     m_unitSelector->setEnabled(false);
     m_unitSelector->setEnum(m_defaultUnit);
-    m_unitText = m_unitSelector->getText();
     changeSize(m_sizeName);
 }
 
@@ -219,7 +218,6 @@ void NumericEntryImpl::setUnit(const QString& unit)
     if (m_unitSelector) {
         m_unitSelector->setText(unit);
         setIndex(m_unitSelector->getEnum());
-        m_unitText = unit;
         emit unitChanged(unit);
     }
     closeInput();

@@ -202,7 +202,6 @@ private:
     long m_defaultUnit = 0;
     double m_upperLimit = 0.0;
     double m_lowerLimit = 0.0;
-    QString m_unitText;
     QLineEdit* m_valueEdit = nullptr;
     QStringList m_unitNames;
     QList<long> m_unitKeys;
