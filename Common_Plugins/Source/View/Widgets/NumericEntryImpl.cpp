@@ -81,7 +81,7 @@ NumericEntryImpl::~NumericEntryImpl()
 
 // ---- properties ----------------------------------------------------------
 
-QString NumericEntryImpl::getUnitListString() const { return m_units.descriptions(); }
+QString NumericEntryImpl::getUnitListString() const { return m_units.unitListString(); }
 int NumericEntryImpl::getDefaultUnit() const { return int(m_defaultUnit); }
 void NumericEntryImpl::setDefaultUnit(int key) { m_defaultUnit = key; }
 int NumericEntryImpl::getSliderBar() const { return m_sliderBar; }
@@ -126,7 +126,7 @@ QString NumericEntryImpl::getUnit() const
 
 void NumericEntryImpl::setUnitListString(const QString& units)
 {
-    m_units.setDescriptions(units, getAttributeName());
+    m_units.setUnitListString(units, getAttributeName());
     if (CORBA::is_nil(m_attribute) && m_units.contains(0))
         m_units.setBaseUnit(m_units.unit(0));
     updateUnitListWidget();
@@ -148,7 +148,7 @@ void NumericEntryImpl::updateUnitListWidget()
     setIndex(m_defaultUnit);
     if (keys.isEmpty() && m_unitSelector) {
         qDebug() << "UserInterface -" << getAttributeName() << "expected units but found none that match. --"
-                 << m_units.descriptions();
+                 << m_units.unitListString();
         qDebug() << "UserInterface -" << getAttributeName() << ": going to use baseUnit:";
         ValueHelper::printUnit(base);
         m_noUnitMatch = true;
@@ -226,13 +226,13 @@ void NumericEntryImpl::setUnit(const QString& unit)
 void NumericEntryImpl::initializeValueUnits(const Units& wire)
 {
     m_units.setWireUnit(wire);
-    if (m_units.descriptions().isEmpty()) {
+    if (m_units.unitListString().isEmpty()) {
         qDebug() << "UserInterface - ERROR:" << getAttributeName()
                  << "uses unit based values, set Units string in UI file.";
         return;
     }
     // Offered again against the engine's base unit.
-    setUnitListString(m_units.descriptions());
+    setUnitListString(m_units.unitListString());
     if (m_unitKeys.contains(m_defaultUnit))
         m_units.setDisplayUnit(m_units.unit(m_defaultUnit));
 }

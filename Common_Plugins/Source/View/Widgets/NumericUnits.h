@@ -3,8 +3,8 @@
 
 #include "Units.h"
 
-#include <QHash>
 #include <QList>
+#include <QMap>
 #include <QMutex>
 #include <QString>
 
@@ -38,8 +38,8 @@ public:
     explicit NumericUnits(BaseUnitsMatch baseUnitsMatch);
 
     //! Reads the "|"-joined \a descriptions into the table; \a owner names the field in the line for a bad one.
-    void setDescriptions(const QString& descriptions, const QString& owner);
-    QString descriptions() const;
+    void setUnitListString(const QString& descriptions, const QString& owner);
+    QString unitListString() const;
     bool contains(long key) const;
     Kelvane::Value::Units unit(long key, const Kelvane::Value::Units& fallback = Kelvane::Value::Units()) const;
     //! Every unit of the table in key order; false, with the parser's \a error, if a description was unreadable.
@@ -73,20 +73,19 @@ public:
     double broadcast(double number) const;
 
 private:
-    QList<long> sortedKeys() const;
-
     BaseUnitsMatch m_baseUnitsMatch;
-    QString m_descriptions;
-    QHash<long, Kelvane::Value::Units> m_table;
-    //! The parser's word on the first unreadable description, if any.
-    QString m_unreadable;
+    QString m_unitListString;
+    QMap<long, Kelvane::Value::Units> m_unitTable;
+    //! The parser's word on the first unreadable description.
+    std::optional<QString> m_unreadable;
     bool m_filterByBaseUnit = false;
     std::optional<Kelvane::Value::Units> m_broadcastUnit;
+    //! The unit as the engine gave it; it goes back out with every value.
     Kelvane::Value::Units m_wireUnit;
     Kelvane::Value::Units m_baseUnit;
     Kelvane::Value::Units m_displayUnit;
     //! Guards the three units above against the DDS threads.
-    mutable QMutex m_mutex;
+    mutable QMutex m_unitMutex;
 };
 
 #endif // NUMERICUNITS_H
