@@ -78,8 +78,10 @@ bool answers(CORBA::Object_ptr object)
 
 const char* EngineLink::lossReason(const CORBA::Exception& error, CORBA::Object_ptr engineObject)
 {
-    // A hung engine is as gone as a dead one; a MARSHAL (a reply larger
-    // than the ORB takes) is one unreadable value, not a lost engine.
+    // A hung engine (TIMEOUT) is as gone as a dead one, and an object the
+    // engine no longer knows (OBJECT_NOT_EXIST) means it restarted under
+    // the widget: only a new binding helps either. A MARSHAL (a reply
+    // larger than the ORB takes) is one unreadable value, not a lost engine.
     if (CORBA::TRANSIENT::_downcast(&error))
         return "CORBA::TRANSIENT";
     if (CORBA::COMM_FAILURE::_downcast(&error))

@@ -20,7 +20,11 @@ public:
 
     long getIndex() const;
 
-    //! Finger travel, in pixels, from which a touch is a drag.
+    /*!
+      Finger travel, in pixels, from which a touch is a drag. A finger
+      always wanders a little; without this slop a tap would scroll the
+      list instead of choosing its row.
+    */
     static constexpr int dragThreshold = 20;
 
 protected:

@@ -1,14 +1,32 @@
 #include "QRVWidgetBaseInterim.h"
 
+#include "FrameLabel.h"
 #include "GlobalImpl.h"
 #include "QRVStatusBar.h"
 #include "WidgetFrame.h"
 
 #include <QPushButton>
 
+class QRVWidgetBaseInterim::PrivateData
+{
+public:
+    explicit PrivateData(QWidget* owner)
+        : lockOverlay(WidgetFrame::createLockOverlay(owner))
+    {
+    }
+
+    QWidget* desktop = nullptr;
+    bool suppressDebug = false;
+    QPushButton* lockOverlay = nullptr;
+    QString attributeName = QStringLiteral("AttributeName");
+    FrameLabel label;
+    int updateDelay = 100;
+    bool locked = false;
+};
+
 QRVWidgetBaseInterim::QRVWidgetBaseInterim(QWidget* parent)
     : QWidget(parent)
-    , m_lockOverlay(WidgetFrame::createLockOverlay(this))
+    , d(std::make_unique<PrivateData>(this))
 {
     setFocusPolicy(Qt::NoFocus);
     setLockImageVisible(false);
@@ -23,35 +41,35 @@ QRVWidgetBaseInterim::~QRVWidgetBaseInterim()
     releaseLock();
 }
 
-QString QRVWidgetBaseInterim::getAttributeName() const { return m_attributeName; }
-void QRVWidgetBaseInterim::setAttributeName(const QString& name) { m_attributeName = name; }
-bool QRVWidgetBaseInterim::getSuppressDebug() const { return m_suppressDebug; }
-void QRVWidgetBaseInterim::setSuppressDebug(bool suppress) { m_suppressDebug = suppress; }
-void QRVWidgetBaseInterim::setDesktop(QWidget* desktop) { m_desktop = desktop; }
-QLabel* QRVWidgetBaseInterim::getLabelWidget() const { return m_label.widget(); }
-void QRVWidgetBaseInterim::setLabelWidget(QLabel* label) { m_label.setWidget(label); }
-bool QRVWidgetBaseInterim::isLocked() const { return m_locked; }
-void QRVWidgetBaseInterim::setLabel(const QString& label) { m_label.setText(label); }
-QString QRVWidgetBaseInterim::getLabel() const { return m_label.text(); }
-void QRVWidgetBaseInterim::setUpdateDelay(int delay) { m_updateDelay = delay; }
-int QRVWidgetBaseInterim::getUpdateDelay() const { return m_updateDelay; }
+QString QRVWidgetBaseInterim::getAttributeName() const { return d->attributeName; }
+void QRVWidgetBaseInterim::setAttributeName(const QString& name) { d->attributeName = name; }
+bool QRVWidgetBaseInterim::getSuppressDebug() const { return d->suppressDebug; }
+void QRVWidgetBaseInterim::setSuppressDebug(bool suppress) { d->suppressDebug = suppress; }
+void QRVWidgetBaseInterim::setDesktop(QWidget* desktop) { d->desktop = desktop; }
+QLabel* QRVWidgetBaseInterim::getLabelWidget() const { return d->label.widget(); }
+void QRVWidgetBaseInterim::setLabelWidget(QLabel* label) { d->label.setWidget(label); }
+bool QRVWidgetBaseInterim::isLocked() const { return d->locked; }
+void QRVWidgetBaseInterim::setLabel(const QString& label) { d->label.setText(label); }
+QString QRVWidgetBaseInterim::getLabel() const { return d->label.text(); }
+void QRVWidgetBaseInterim::setUpdateDelay(int delay) { d->updateDelay = delay; }
+int QRVWidgetBaseInterim::getUpdateDelay() const { return d->updateDelay; }
 void QRVWidgetBaseInterim::raise() { QWidget::raise(); }
 void QRVWidgetBaseInterim::changeSize(const QString&) {}
 
 void QRVWidgetBaseInterim::setWidgetLocked(bool isLocked)
 {
     setLockImageVisible(isLocked);
-    WidgetFrame::showLockOverlay(m_lockOverlay, isLocked);
+    WidgetFrame::showLockOverlay(d->lockOverlay, isLocked);
 }
 
 void QRVWidgetBaseInterim::setLockImageVisible(const bool& visible)
 {
-    m_lockOverlay->setStyleSheet(WidgetFrame::lockOverlayStyle(visible));
+    d->lockOverlay->setStyleSheet(WidgetFrame::lockOverlayStyle(visible));
 }
 
 void QRVWidgetBaseInterim::acquireLock()
 {
-    m_locked = true;
+    d->locked = true;
     if (WidgetFrame::takeEntryMechanism(this))
         emit DisplayEntryMechanism();
     else
@@ -60,7 +78,7 @@ void QRVWidgetBaseInterim::acquireLock()
 
 void QRVWidgetBaseInterim::releaseLock()
 {
-    m_locked = false;
+    d->locked = false;
     WidgetFrame::giveBackEntryMechanism(this);
 }
 
@@ -68,9 +86,9 @@ void QRVWidgetBaseInterim::mouseReleaseEvent(QMouseEvent* event)
 {
     const WidgetFrame::Touch touch = WidgetFrame::classifyRelease(this, event);
     if (touch == WidgetFrame::Touch::DebugFlip) {
-        m_suppressDebug = !m_suppressDebug;
-        emit suppressDebug(m_suppressDebug);
-        WidgetFrame::logDebugSwitch(m_suppressDebug, m_attributeName, this);
+        d->suppressDebug = !d->suppressDebug;
+        emit suppressDebug(d->suppressDebug);
+        WidgetFrame::logDebugSwitch(d->suppressDebug, d->attributeName, this);
     }
     if (touch != WidgetFrame::Touch::Outside)
         acquireLock();
@@ -79,6 +97,6 @@ void QRVWidgetBaseInterim::mouseReleaseEvent(QMouseEvent* event)
 
 void QRVWidgetBaseInterim::resizeEvent(QResizeEvent* event)
 {
-    WidgetFrame::coverOwner(m_lockOverlay);
+    WidgetFrame::coverOwner(d->lockOverlay);
     QWidget::resizeEvent(event);
 }

@@ -1,17 +1,18 @@
 #ifndef QRVWIDGETBASEINTERIM_H
 #define QRVWIDGETBASEINTERIM_H
 
-#include "FrameLabel.h"
-
 #include <QWidget>
 
+#include <memory>
+
 class QLabel;
-class QPushButton;
 
 /*!
   The widget frame without an engine attribute, for hosts that want the
   frame's label, lock overlay, debug switch and entry-mechanism lock on a
   widget of their own. It behaves as WidgetBaseImpl does, minus binding.
+  Hosts derive from it, so its state sits behind one private pointer and
+  can grow without changing the class's size.
 */
 class QRVWidgetBaseInterim : public QWidget
 {
@@ -62,14 +63,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    int m_reserved = -1; // part of the layout hosts were built against; unused
-    QWidget* m_desktop = nullptr;
-    bool m_suppressDebug = false;
-    QPushButton* m_lockOverlay = nullptr;
-    QString m_attributeName = QStringLiteral("AttributeName");
-    FrameLabel m_label;
-    int m_updateDelay = 100;
-    bool m_locked = false;
+    class PrivateData;
+    const std::unique_ptr<PrivateData> d;
 };
 
 #endif // QRVWIDGETBASEINTERIM_H
