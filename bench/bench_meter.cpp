@@ -144,13 +144,18 @@ int main(int argc, char* argv[])
         screen.show();
         std::vector<std::string> names;
         std::vector<MeterBarImpl*> meters;
+        // All attributes first: the in-process engine makes its writers on
+        // this thread, which must not wait for DDS while a meter's sample
+        // waits for it.
         for (int i = 0; i < 50; ++i) {
             names.push_back("Meter" + std::to_string(i));
             addMeterAttribute(engine, names.back());
+        }
+        for (int i = 0; i < 50; ++i) {
             auto* meter = new MeterBarImpl(&screen);
             meter->setGeometry(10 + (i % 10) * 124, 10 + (i / 10) * 178, 120, 170);
             meter->show();
-            meter->bindAttribute(engine.attribute(names.back()));
+            meter->bindAttribute(engine.attribute(names[size_t(i)]));
             meters.push_back(meter);
         }
         QTimer::singleShot(500, qApp, &QCoreApplication::quit);

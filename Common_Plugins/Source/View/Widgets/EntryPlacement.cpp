@@ -71,3 +71,12 @@ EntryPlacement::Corner EntryPlacement::corner() const
         return m_left ? AboveLeft : AboveRight;
     return m_left ? BelowLeft : BelowRight;
 }
+
+EntryPlacement EntryPlacement::place(QWidget* mechanism, const QWidget* field, int selectorWidth)
+{
+    const QWidget* area = mechanism->parentWidget();
+    const EntryPlacement placement(fieldRect(field, area), mechanism->size(), selectorWidth,
+                                   area ? area->size() : QSize(800, 480));
+    mechanism->move(placement.position());
+    return placement;
+}

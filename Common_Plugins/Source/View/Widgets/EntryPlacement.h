@@ -36,6 +36,8 @@ public:
       a window of its own.
     */
     static QRect fieldRect(const QWidget* field, const QWidget* area);
+    //! Moves \a mechanism beside \a field on the mechanism's parent (the screen without one).
+    static EntryPlacement place(QWidget* mechanism, const QWidget* field, int selectorWidth);
 
     //! Where the mechanism is moved.
     QPoint position() const;

@@ -26,20 +26,10 @@
 using namespace boost::placeholders;
 using Kelvane::Value::Units;
 
-namespace {
-
-QString wholeNumberText(long value, bool hex)
-{
-    return QString::number(value, hex ? 16 : 10);
-}
-
-} // namespace
-
 NumericEntryImpl::NumericEntryImpl(QWidget* parent, const QString& label, const QList<QString>* units)
     : WidgetBaseImpl(parent)
     , m_sizeName(QRVUtil::initialSize())
     , m_valueEdit(new QLineEdit(QStringLiteral("0.00"), this))
-    , m_styleReadOnly(NumericEntryStyle::readOnlySuffix())
 {
     qRegisterMetaType<Kelvane::Value::Units>("Kelvane::Value::Units");
     setObjectName(QStringLiteral("NumericEntry"));
@@ -223,20 +213,6 @@ void NumericEntryImpl::setUnit(const QString& unit)
     closeInput();
 }
 
-void NumericEntryImpl::initializeValueUnits(const Units& wire)
-{
-    m_units.setWireUnit(wire);
-    if (m_units.unitListString().isEmpty()) {
-        qDebug() << "UserInterface - ERROR:" << getAttributeName()
-                 << "uses unit based values, set Units string in UI file.";
-        return;
-    }
-    // Offered again against the engine's base unit.
-    setUnitListString(m_units.unitListString());
-    if (m_unitKeys.contains(m_defaultUnit))
-        m_units.setDisplayUnit(m_units.unit(m_defaultUnit));
-}
-
 // ---- texts ---------------------------------------------------------------
 
 void NumericEntryImpl::updateReading(double value)
@@ -263,36 +239,35 @@ void NumericEntryImpl::updateReading(long value)
 {
     if (m_valueEdit->isEnabled())
         return;
-    const QString text = wholeNumberText(value, m_isHex);
+    const QString text = NumericEntryBinding::wholeNumberText(value, m_isHex);
     m_valueEdit->setText(text);
     m_savedText = text;
     emit valueChanged(double(value));
 }
 
-void NumericEntryImpl::setValue(double value, const QString& inputUnit)
+// A value given with a unit description brings the base unit along.
+double NumericEntryImpl::takeGivenValue(double value, const QString& inputUnit)
 {
     m_value = value;
-    if (!inputUnit.isEmpty()) {
-        m_units.takeBaseUnit(inputUnit);
-        value = m_units.inDisplayUnit(value);
-    }
-    updateReading(value);
+    if (inputUnit.isEmpty())
+        return value;
+    m_units.takeBaseUnit(inputUnit);
+    return m_units.inDisplayUnit(value);
+}
+
+void NumericEntryImpl::setValue(double value, const QString& inputUnit)
+{
+    updateReading(takeGivenValue(value, inputUnit));
+}
+
+void NumericEntryImpl::setValue(long value, const QString& inputUnit)
+{
+    updateReading(long(takeGivenValue(double(value), inputUnit)));
 }
 
 void NumericEntryImpl::setValue(double value)
 {
     setValue(value, QString());
-}
-
-void NumericEntryImpl::setValue(long value, const QString& inputUnit)
-{
-    m_value = double(value);
-    double shown = double(value);
-    if (!inputUnit.isEmpty()) {
-        m_units.takeBaseUnit(inputUnit);
-        shown = m_units.inDisplayUnit(shown);
-    }
-    updateReading(long(shown));
 }
 
 void NumericEntryImpl::setValue(long value)
@@ -303,7 +278,7 @@ void NumericEntryImpl::setValue(long value)
 void NumericEntryImpl::setValue(const QString& text)
 {
     const QString shown = m_isHex ? text.toUpper() : text;
-    m_valueEdit->setText(m_sizeName == QLatin1String("Thumb") ? thumbCut(shown) : shown);
+    m_valueEdit->setText(m_sizeName == QLatin1String("Thumb") ? NumericEntryStyle::thumbCut(shown) : shown);
     double number = 0.0;
     if (text.endsWith(QLatin1Char('?')))
         number = text.chopped(1).toDouble();
@@ -312,22 +287,6 @@ void NumericEntryImpl::setValue(const QString& text)
     else
         number = text.toDouble();
     emit valueChanged(m_units.broadcast(number));
-}
-
-// The small field keeps what the cut leaves, however odd: an operator of the
-// small screen knows it so.
-QString NumericEntryImpl::thumbCut(const QString& text) const
-{
-    QString rest = text;
-    QString out;
-    int cut = 0;
-    while (text.length() > 4 && cut < 4 && !rest.isEmpty()) {
-        rest.remove(0, 1);
-        out += rest;
-        if (rest != QLatin1String(".") && rest != QLatin1String("-"))
-            ++cut;
-    }
-    return out;
 }
 
 void NumericEntryImpl::setPrecision(int precision)
@@ -358,33 +317,19 @@ void NumericEntryImpl::changeSize(const QString& size)
     if (QRVUtil::startupSwitchIs("-size", QStringLiteral("small_portrait")) && size == QLatin1String("Max"))
         m_sizeName = QStringLiteral("Min");
     const bool withUnit = !m_unitNames.isEmpty() && !m_unitNames.first().isEmpty();
-    const QString& sheet = m_sizeName == QLatin1String("Max")   ? (withUnit ? m_styleUnitMax : m_stylePlainMax)
-                           : m_sizeName == QLatin1String("Min") ? (withUnit ? m_styleUnitMin : m_stylePlainMin)
-                                                                : (withUnit ? m_styleUnitThumb : m_stylePlainThumb);
-    const bool known = m_sizeName == QLatin1String("Max") || m_sizeName == QLatin1String("Min")
-                       || m_sizeName == QLatin1String("Thumb");
-    if (known)
-        setStyleSheet(sheet);
+    const QString* sheet = m_style.sheet(m_sizeName, withUnit);
+    if (sheet)
+        setStyleSheet(*sheet);
     if (!m_unitSelector)
         return;
-    if (withUnit && known)
+    if (withUnit && sheet)
         m_unitSelector->changeSize(m_sizeName);
     m_unitSelector->fitToWidestChoice();
 }
 
-void NumericEntryImpl::buildSheets(bool lockImage)
-{
-    m_styleUnitMax = NumericEntryStyle::withUnit(QStringLiteral("Max"), lockImage);
-    m_styleUnitMin = NumericEntryStyle::withUnit(QStringLiteral("Min"), lockImage);
-    m_styleUnitThumb = NumericEntryStyle::withUnit(QStringLiteral("Thumb"), lockImage);
-    m_stylePlainMax = NumericEntryStyle::plain(QStringLiteral("Max"), lockImage);
-    m_stylePlainMin = NumericEntryStyle::plain(QStringLiteral("Min"), lockImage);
-    m_stylePlainThumb = NumericEntryStyle::plain(QStringLiteral("Thumb"), lockImage);
-}
-
 void NumericEntryImpl::setLockImageVisible(const bool& visible)
 {
-    buildSheets(visible);
+    m_style.build(visible);
     if (m_readOnly)
         setReadOnlyStyle();
     changeSize(m_sizeName);
@@ -399,9 +344,7 @@ void NumericEntryImpl::setReadOnly(bool state)
 
 void NumericEntryImpl::setReadOnlyStyle()
 {
-    // The small field without a selector keeps its white border.
-    for (QString* sheet : {&m_styleUnitMax, &m_styleUnitMin, &m_stylePlainMax, &m_stylePlainMin, &m_styleUnitThumb})
-        *sheet += m_styleReadOnly;
+    m_style.markReadOnly();
     if (m_unitSelector)
         m_unitSelector->setReadOnlyStyle();
     changeSize(m_sizeName);
@@ -499,10 +442,7 @@ void NumericEntryImpl::displayEntryMechanism()
     if (m_unitSelector)
         m_unitSelector->setEnabled(true);
     const int selectorWidth = m_unitSelector && m_unitSelector->isVisible() ? m_unitSelector->width() : 0;
-    const QWidget* area = m_numpad->parentWidget();
-    m_placement = EntryPlacement(EntryPlacement::fieldRect(m_valueEdit, area), m_numpad->size(), selectorWidth,
-                                 area ? area->size() : QSize(800, 480));
-    m_numpad->move(m_placement.position());
+    m_placement = EntryPlacement::place(m_numpad, m_valueEdit, selectorWidth);
     m_numpad->setValue(m_valueEdit->text());
     if (m_numpad->realtimeUpdate())
         m_numpad->updateCursorPosition();
@@ -538,7 +478,7 @@ void NumericEntryImpl::setAndEnterValue(const QString& text)
 
 void NumericEntryImpl::noteEntry()
 {
-    m_nothingEnteredSinceSend = false;
+    m_binding.noteEntry();
 }
 
 void NumericEntryImpl::revertChanges()
@@ -556,7 +496,7 @@ void NumericEntryImpl::restoreValue()
     revertChanges();
     const NumericLink* number = link<NumericLink>();
     if (number && number->isSettable())
-        startSend(number, m_savedValue);
+        m_binding.startSend(number, m_savedValue);
     closeInput();
 }
 
@@ -568,7 +508,7 @@ void NumericEntryImpl::updateSliderBounds(long key)
     m_numpad->updateLimits(m_units.converted(m_lowerLimit, unit), m_units.converted(m_upperLimit, unit));
 }
 
-// ---- binding -------------------------------------------------------------
+// ---- the engine ----------------------------------------------------------
 
 void NumericEntryImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
@@ -576,81 +516,9 @@ void NumericEntryImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
     if (hex.isValid())
         m_isHex = hex.toBool();
     WidgetBaseImpl::bindAttribute(attr);
-    NumericLink* number
-        = bindAs<NumericLink>(attr, NumericLink::AnyNumber, ">>>>>Expected Numeric type but received: %s (%s)");
-    if (!number)
-        return;
-    number->selectReading(m_readingIndex);
-    if (number->number() == NumericLink::Number::Meter)
-        bindMeter(number);
-    else if (number->isSettable())
-        bindSettable(number);
-    else
-        bindReading(number);
-}
-
-void NumericEntryImpl::bindSettable(const NumericLink* number)
-{
-    readValue(number);
-    if (!number->carriesUnits())
-        m_units.setUnitless();
-    setPrecision(number->isWhole() ? 0 : m_precision);
-    if (number->number() == NumericLink::Number::Long)
-        setValue(wholeNumberText(long(m_value), m_isHex));
-    number->limits(&m_lowerLimit, &m_upperLimit);
-    addNumpad(m_isHex, m_realtimeUpdate);
-    if (number->carriesUnits()) {
-        updateSliderBounds(m_unitSelector ? m_unitSelector->getEnum() : 0);
-        setIndex(m_defaultUnit);
-    }
-    number->follow(boost::bind(&NumericEntryImpl::dds_callback, this, _1, _2));
-    number->followLimits(boost::bind(&NumericEntryImpl::dds_params_callback, this, _1));
-    connect(this, &NumericEntryImpl::updateLimits, this, &NumericEntryImpl::updateParams,
-            Qt::ConnectionType(Qt::BlockingQueuedConnection | Qt::UniqueConnection));
-}
-
-void NumericEntryImpl::bindReading(const NumericLink* number)
-{
-    readValue(number);
-    setPrecision(number->isWhole() ? 0 : m_precision);
-    if (number->carriesUnits())
-        setIndex(m_defaultUnit);
-    number->follow(boost::bind(&NumericEntryImpl::dds_callback, this, _1, _2));
-    setReadOnlyStyle();
-}
-
-// A value record brings its unit, which becomes the field's base unit.
-void NumericEntryImpl::readValue(const NumericLink* number)
-{
-    NumericSample sample;
-    number->read(&sample);
-    m_value = sample.value;
-    if (number->carriesUnits())
-        initializeValueUnits(sample.units);
-}
-
-void NumericEntryImpl::bindMeter(const NumericLink* meter)
-{
-    NumericSample sample;
-    QList<long> types;
-    if (!meter->read(&sample, &types)) {
-        qDebug() << "UserInterface - >>>>> Error meter reading structure empty for Numeric " << getAttributeName();
-    } else {
-        for (long type : qAsConst(types))
-            m_readingNames << MeterReadings::translateReadingType(type);
-        m_value = sample.value;
-        initializeValueUnits(sample.units);
-        m_readingHasNoValue = sample.noValue;
-        m_readingDoubtful = sample.doubtful;
-        setPrecision(m_precision);
-        setIndex(m_defaultUnit);
-        if (sample.noValue)
-            setValue(QString());
-        else
-            setValue(QString::number(m_units.inDisplayUnit(m_value), 'g', 6) + (sample.doubtful ? QStringLiteral("?") : QString()));
-    }
-    meter->follow(boost::bind(&NumericEntryImpl::dds_callback, this, _1, _2));
-    setReadOnlyStyle();
+    if (NumericLink* number
+        = bindAs<NumericLink>(attr, NumericLink::AnyNumber, ">>>>>Expected Numeric type but received: %s (%s)"))
+        m_binding.bind(number);
 }
 
 void NumericEntryImpl::registerReadingSelector(QWidget* widget)
@@ -671,61 +539,10 @@ QString NumericEntryImpl::translateReadingType(long type)
     return MeterReadings::translateReadingType(type);
 }
 
-// ---- samples, on a DDS thread ---------------------------------------------
-
-void NumericEntryImpl::logReceived(double number, const Units& unit) const
-{
-    if (!m_suppressDebug)
-        qDebug().noquote() << "UserInterface -" << getAttributeName() << "@"
-                           << GlobalImpl::getParentWindowName(const_cast<NumericEntryImpl*>(this)) << "Received:"
-                           << QString::number(number, 'g', 15) << ValueHelper::getUnitString(unit);
-}
-
-void NumericEntryImpl::followBaseUnit(const Units& wire, bool alsoDisplay)
-{
-    if (m_units.followBaseUnit(wire, alsoDisplay))
-        emit baseUnitChanged(wire);
-}
-
 void NumericEntryImpl::dds_callback(const char*, const NumericSample& sample)
 {
-    const NumericLink* number = link<NumericLink>();
-    if (!number)
-        return;
-    m_value = sample.value;
-    if (number->carriesUnits()) {
-        logReceived(sample.value, sample.units);
-        // A meter's reading may change its unit with the range; the field follows it all the way.
-        followBaseUnit(sample.units, number->number() == NumericLink::Number::Meter);
-    } else if (!m_suppressDebug) {
-        qDebug() << "UserInterface - " << getAttributeName() << "Received:" << sample.value << ", Hex:"
-                 << QString::number(qint64(sample.value), 16);
-    }
-    m_readingHasNoValue = sample.noValue;
-    m_readingDoubtful = sample.doubtful;
-    emit valueChange(sampleText(number, sample));
-}
-
-QString NumericEntryImpl::sampleText(const NumericLink* number, const NumericSample& sample) const
-{
-    switch (number->number()) {
-    case NumericLink::Number::Long:
-        return wholeNumberText(long(sample.value), m_isHex);
-    case NumericLink::Number::Double:
-        return m_isHex ? QString::number(qint64(sample.value), 16) : QString::number(sample.value, 'g', 6);
-    case NumericLink::Number::ValueLong:
-        return QString::number(m_units.inDisplayUnit(sample.value), 'g', 6);
-    case NumericLink::Number::ValueDouble:
-        return QString::number(m_units.inDisplayUnit(sample.value), 'f', m_precision);
-    case NumericLink::Number::Meter:
-        break;
-    }
-    if (sample.overLimit)
-        return QStringLiteral("Over Limit");
-    if (sample.noValue)
-        return QString();
-    return QString::number(m_units.inDisplayUnit(sample.value), 'f', m_precision)
-           + (sample.doubtful ? QStringLiteral("?") : QString());
+    if (const NumericLink* number = link<NumericLink>())
+        emit valueChange(m_binding.takeSample(number, sample));
 }
 
 void NumericEntryImpl::dds_params_callback(const char*)
@@ -735,10 +552,8 @@ void NumericEntryImpl::dds_params_callback(const char*)
 
 void NumericEntryImpl::updateParams()
 {
-    const NumericLink* number = link<NumericLink>();
-    if (!number || !number->limits(&m_lowerLimit, &m_upperLimit))
-        return;
-    updateSliderBounds(number->carriesUnits() && m_unitSelector ? m_unitSelector->getEnum() : 0);
+    if (const NumericLink* number = link<NumericLink>())
+        m_binding.updateLimits(number);
 }
 
 // ---- the way out ---------------------------------------------------------
@@ -752,120 +567,7 @@ void NumericEntryImpl::enterValue()
         m_value = ValueHelper::convertValue(entered, getDisplayUnit(), getBaseUnit());
         updateReading(entered);
     } else {
-        const QString unit = ValueHelper::getUnitString(getDisplayUnit());
-        if (m_nothingEnteredSinceSend && unit == m_unitOfLastSend) {
-            // The box shows the engine's value from before the last send: sent
-            // again, it would undo that send before the engine's sample comes.
-        } else if (!showEngineValue(number)) {
-            qDebug() << "UserInterface - NUMERIC:" << getAttributeName() << "threw exception while sending:" << text;
-            revertChanges();
-        } else {
-            // The box shows the engine's value until the engine's sample brings the new one.
-            startSend(number, enteredNumber(number, text));
-            m_nothingEnteredSinceSend = true;
-            m_unitOfLastSend = unit;
-        }
+        m_binding.enter(number, text);
     }
     emit valueChanged(m_units.broadcast(m_valueEdit->text().toDouble()));
-}
-
-// The operator's text as the engine takes it: in the base unit, whole numbers cut.
-double NumericEntryImpl::enteredNumber(const NumericLink* number, const QString& text) const
-{
-    switch (number->number()) {
-    case NumericLink::Number::Long:
-        return double(text.toLong(nullptr, m_isHex ? 16 : 10));
-    case NumericLink::Number::ValueLong:
-        return std::trunc(ValueHelper::convertValue(long(text.toDouble()), getDisplayUnit(), getBaseUnit()));
-    case NumericLink::Number::ValueDouble:
-        return ValueHelper::convertValue(text.toDouble(), getDisplayUnit(), getBaseUnit());
-    default:
-        return text.toDouble();
-    }
-}
-
-bool NumericEntryImpl::showEngineValue(const NumericLink* number)
-{
-    NumericSample sample;
-    if (callEngine([&] { number->read(&sample); }) != EngineCall::Done)
-        return false;
-    m_valueEdit->setText(number->number() == NumericLink::Number::Long ? QString::number(long(sample.value))
-                         : number->number() == NumericLink::Number::Double
-                             ? QString::number(sample.value, 'f', m_precision)
-                             : sampleText(number, sample));
-    return true;
-}
-
-NumericEntryImpl::Outgoing NumericEntryImpl::outgoing(double number) const
-{
-    const NumericUnits::ForSend units = m_units.forSend();
-    return {number, units.wireUnit, units.displayLabel, m_valueEdit->text()};
-}
-
-// ---- sends, on a worker ----------------------------------------------------
-
-void NumericEntryImpl::startSend(const NumericLink* number, double value)
-{
-    const Outgoing out = outgoing(value);
-    if (number->isWhole())
-        sendOnWorker([this, number, out] { sendLong(number, out); });
-    else
-        sendOnWorker([this, number, out] { sendDouble(number, out); });
-}
-
-void NumericEntryImpl::sendDouble(const NumericLink* number, const Outgoing& out)
-{
-    send(out, [&] {
-        if (number->carriesUnits())
-            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (ValueDouble): "
-                     << QString::number(out.number, 'g', 15) << out.unitLabel;
-        else
-            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Double): " << out.number;
-        number->set(out.number, out.wireUnit);
-    }, "g");
-}
-
-void NumericEntryImpl::sendLong(const NumericLink* number, const Outgoing& out)
-{
-    send(out, [&] {
-        if (number->carriesUnits())
-            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (ValueLong): "
-                     << CORBA::Long(out.number) << out.unitLabel;
-        else
-            qDebug() << "UserInterface - Numeric: " << getAttributeName() << " - Sending (Long): "
-                     << CORBA::Long(out.number);
-        number->set(out.number, out.wireUnit);
-    }, "d");
-}
-
-// One catch order for every send: out of range is told to the operator and
-// put right, a lost link veils the field, anything else is put right.
-void NumericEntryImpl::send(const Outgoing& out, const std::function<void()>& call, const char* format)
-{
-    auto number = [format](double v) {
-        return *format == 'g' ? QString::number(v, 'g', 6) : QString::number(qint64(v));
-    };
-    QString failure;
-    const EngineCall outcome = callEngine([&] {
-        try {
-            call();
-        } catch (const Brenmoor::Operation_errors::DataOutOfRange& error) {
-            reportOutOfRange(QString::fromLatin1(error._name()), number(error.actual), number(error.lower),
-                             number(error.upper));
-        }
-    }, &failure);
-    if (outcome != EngineCall::Refused)
-        return;
-    qDebug() << "UserInterface - NUMERIC:" << getAttributeName() << "threw exception while sending:" << out.fieldText
-             << failure;
-    emit revertChangeSignal();
-}
-
-void NumericEntryImpl::reportOutOfRange(const QString& text, const QString& actual, const QString& lower,
-                                        const QString& upper)
-{
-    qDebug() << "UserInterface -" << text << "Exception info (actual, lower, upper):" << actual << lower << upper;
-    emit exceptionMessage(text + QStringLiteral(" - Exception info (actual, lower, upper): ") + actual
-                          + QLatin1Char(' ') + lower + QLatin1Char(' ') + upper);
-    emit revertChangeSignal();
 }

@@ -2,6 +2,8 @@
 #define NUMERICENTRYIMPL_H
 
 #include "EntryPlacement.h"
+#include "NumericEntryBinding.h"
+#include "NumericEntryStyle.h"
 #include "NumericUnits.h"
 #include "UnitSelector.h"
 #include "WidgetBaseImpl.h"
@@ -151,48 +153,20 @@ protected:
     virtual bool baseUnitsMatch(const Kelvane::Value::Units& a, const Kelvane::Value::Units& b) const;
 
 private:
-    //! What a worker needs of the field to send one value; taken on the interface thread.
-    struct Outgoing
-    {
-        double number = 0.0;
-        Kelvane::Value::Units wireUnit;
-        QString unitLabel;
-        QString fieldText;
-    };
+    friend class NumericEntryBinding;
 
     void addUnits(const QStringList& labels, const QList<long>& keys);
     void createUnitSelector();
-    void initializeValueUnits(const Kelvane::Value::Units& wire);
+    double takeGivenValue(double value, const QString& inputUnit);
     void setPrecision(int precision, double value);
     void updateReading(double value);
     void updateReading(long value);
     void setReadOnlyStyle();
-    void buildSheets(bool lockImage);
-    QString thumbCut(const QString& text) const;
 
     bool isMeter() const;
-    void bindSettable(const NumericLink* number);
-    void bindReading(const NumericLink* number);
-    void readValue(const NumericLink* number);
-    void bindMeter(const NumericLink* meter);
     void updateSliderBounds(long key);
-
-    bool showEngineValue(const NumericLink* number);
-    double enteredNumber(const NumericLink* number, const QString& text) const;
-    Outgoing outgoing(double number) const;
-    //! Sends \a value, in the base unit, from a worker.
-    void startSend(const NumericLink* number, double value);
-    void sendDouble(const NumericLink* number, const Outgoing& out);
-    void sendLong(const NumericLink* number, const Outgoing& out);
-    void send(const Outgoing& out, const std::function<void()>& call, const char* format);
-    void reportOutOfRange(const QString& text, const QString& actual, const QString& lower, const QString& upper);
-
     void dds_callback(const char* topic, const NumericSample& sample);
-    QString sampleText(const NumericLink* number, const NumericSample& sample) const;
     void dds_params_callback(const char* topic);
-    void logReceived(double number, const Kelvane::Value::Units& unit) const;
-    //! Takes \a wire as the new base unit when the filter asks for it, and tells the selector.
-    void followBaseUnit(const Kelvane::Value::Units& wire, bool alsoDisplay);
 
     QStringList m_readingNames;
     QString m_sizeName;
@@ -211,13 +185,8 @@ private:
     NumpadEntryImpl* m_numpad = nullptr;
     ComboBoxImpl* m_unitSelector = nullptr;
     bool m_numLocked = false;
-    QString m_styleUnitMax, m_styleUnitMin, m_styleUnitThumb;
-    QString m_stylePlainMax, m_stylePlainMin, m_stylePlainThumb;
-    QString m_styleReadOnly;
+    NumericEntryStyle m_style;
     QString m_savedText;
-    //! No key, typed text or given text since the last send; an Enter in its unit has nothing to send.
-    bool m_nothingEnteredSinceSend = false;
-    QString m_unitOfLastSend;
     long m_savedUnit = 0;
     std::atomic<double> m_value{0.0};
     double m_savedValue = 0.0;
@@ -230,6 +199,7 @@ private:
     NumericUnits m_units{[this](const Kelvane::Value::Units& a, const Kelvane::Value::Units& b) {
         return baseUnitsMatch(a, b);
     }};
+    NumericEntryBinding m_binding{this};
     //! The state of the last meter reading, for texts made on the interface thread.
     std::atomic<bool> m_readingHasNoValue{false};
     std::atomic<bool> m_readingDoubtful{false};

@@ -87,3 +87,46 @@ QString NumericEntryStyle::readOnlySuffix()
 {
     return QStringLiteral("   QLineEdit:disabled {       border-color: ") + CSS::border() + QStringLiteral(";   }");
 }
+
+void NumericEntryStyle::build(bool lockImage)
+{
+    m_unitMax = withUnit(QStringLiteral("Max"), lockImage);
+    m_unitMin = withUnit(QStringLiteral("Min"), lockImage);
+    m_unitThumb = withUnit(QStringLiteral("Thumb"), lockImage);
+    m_plainMax = plain(QStringLiteral("Max"), lockImage);
+    m_plainMin = plain(QStringLiteral("Min"), lockImage);
+    m_plainThumb = plain(QStringLiteral("Thumb"), lockImage);
+}
+
+void NumericEntryStyle::markReadOnly()
+{
+    for (QString* sheet : {&m_unitMax, &m_unitMin, &m_plainMax, &m_plainMin, &m_unitThumb})
+        *sheet += readOnlySuffix();
+}
+
+const QString* NumericEntryStyle::sheet(const QString& size, bool withUnit) const
+{
+    if (size == QLatin1String("Max"))
+        return withUnit ? &m_unitMax : &m_plainMax;
+    if (size == QLatin1String("Min"))
+        return withUnit ? &m_unitMin : &m_plainMin;
+    if (size == QLatin1String("Thumb"))
+        return withUnit ? &m_unitThumb : &m_plainThumb;
+    return nullptr;
+}
+
+// The small field keeps what the cut leaves, however odd: an operator of the
+// small screen knows it so.
+QString NumericEntryStyle::thumbCut(const QString& text)
+{
+    QString rest = text;
+    QString out;
+    int cut = 0;
+    while (text.length() > 4 && cut < 4 && !rest.isEmpty()) {
+        rest.remove(0, 1);
+        out += rest;
+        if (rest != QLatin1String(".") && rest != QLatin1String("-"))
+            ++cut;
+    }
+    return out;
+}
