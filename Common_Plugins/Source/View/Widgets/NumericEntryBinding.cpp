@@ -60,7 +60,7 @@ void NumericEntryBinding::bindSettable(const NumericLink* number)
     number->limits(&field->m_lowerLimit, &field->m_upperLimit);
     field->addNumpad(field->m_isHex, field->m_realtimeUpdate);
     if (number->carriesUnits()) {
-        field->updateSliderBounds(field->m_unitSelector ? field->m_unitSelector->getEnum() : 0);
+        field->m_mechanisms.updateSliderBounds(field->m_unitSelector ? field->m_unitSelector->getEnum() : 0);
         field->setIndex(field->m_defaultUnit);
     }
     number->follow(boost::bind(&NumericEntryImpl::dds_callback, field, _1, _2));
@@ -109,7 +109,7 @@ void NumericEntryBinding::updateLimits(const NumericLink* number)
     NumericEntryImpl* field = m_field;
     if (!number->limits(&field->m_lowerLimit, &field->m_upperLimit))
         return;
-    field->updateSliderBounds(number->carriesUnits() && field->m_unitSelector ? field->m_unitSelector->getEnum() : 0);
+    field->m_mechanisms.updateSliderBounds(number->carriesUnits() && field->m_unitSelector ? field->m_unitSelector->getEnum() : 0);
 }
 
 void NumericEntryBinding::bindMeter(const NumericLink* meter)

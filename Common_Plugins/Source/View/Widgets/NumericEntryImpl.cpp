@@ -5,13 +5,9 @@
 #include "MeterReadings.h"
 #include "NumericEntryStyle.h"
 #include "NumericLink.h"
-#include "NumpadEntryImpl.h"
 #include "QRVUtil.h"
 #include "ReadingSelector.h"
-#include "SystemModule.h"
 #include "ValueHelper.h"
-
-#include <Brenmoor.hh>
 
 #include <QDebug>
 #include <QGridLayout>
@@ -19,11 +15,6 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 
-#include <boost/bind/bind.hpp>
-
-#include <cmath>
-
-using namespace boost::placeholders;
 using Kelvane::Value::Units;
 
 NumericEntryImpl::NumericEntryImpl(QWidget* parent, const QString& label, const QList<QString>* units)
@@ -66,7 +57,6 @@ NumericEntryImpl::~NumericEntryImpl()
     // Samples and sends read the units and the value of this class.
     waitForSends();
     releaseSubscriptions();
-    delete m_numpad;
 }
 
 // ---- properties ----------------------------------------------------------
@@ -88,7 +78,7 @@ void NumericEntryImpl::setRealtimeUpdate(bool realtime) { m_realtimeUpdate = rea
 int NumericEntryImpl::precision() const { return m_precision; }
 QString NumericEntryImpl::getValue() const { return m_valueEdit->text(); }
 void NumericEntryImpl::setNumLocked(bool locked) { m_numLocked = locked; }
-NumpadEntryImpl* NumericEntryImpl::numpadWidget() const { return m_numpad; }
+NumpadEntryImpl* NumericEntryImpl::numpadWidget() const { return m_mechanisms.numpad(); }
 ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector; }
 double NumericEntryImpl::baseValue() const { return m_value; }
 Units NumericEntryImpl::getBaseUnit() const { return m_units.baseUnit(); }
@@ -131,8 +121,7 @@ void NumericEntryImpl::updateUnitListWidget()
     for (long key : keys)
         labels << ValueHelper::getUnitString(m_units.unit(key));
     addUnits(labels, keys);
-    if (m_numpad)
-        m_numpad->setUnitList(labels);
+    m_mechanisms.setUnitList(labels);
     if (!keys.isEmpty() && !keys.contains(m_defaultUnit))
         m_defaultUnit = keys.first();
     setIndex(m_defaultUnit);
@@ -198,7 +187,7 @@ void NumericEntryImpl::setIndex(const long& key)
     if (m_unitSelector)
         m_unitSelector->setEnum(key);
     updateReading(m_units.converted(m_value, m_units.unit(key)));
-    updateSliderBounds(key);
+    m_mechanisms.updateSliderBounds(key);
     emit unitChanged(m_unitSelector ? m_unitSelector->getText() : QString());
     emit newUnit(key);
 }
@@ -298,8 +287,7 @@ void NumericEntryImpl::setPrecision(int precision, double value)
 {
     m_precision = precision;
     updateReading(value);
-    if (m_numpad)
-        m_numpad->changePrecision(precision);
+    m_mechanisms.changePrecision(precision);
 }
 
 void NumericEntryImpl::clear()
@@ -366,8 +354,7 @@ void NumericEntryImpl::retranslate()
 void NumericEntryImpl::raise()
 {
     WidgetBaseImpl::raise();
-    if (m_numpad)
-        m_numpad->raise();
+    m_mechanisms.raise();
 }
 
 // ---- touches and the keypad ----------------------------------------------
@@ -407,18 +394,7 @@ void NumericEntryImpl::hideEvent(QHideEvent* event)
 
 void NumericEntryImpl::addNumpad(bool isHex, bool realtimeUpdate)
 {
-    const QList<QString> units = m_unitNames;
-    m_numpad = new NumpadEntryImpl(m_valueEdit, window(), &units, isHex, 260, 380, realtimeUpdate,
-                                   m_units.inDisplayUnit(m_lowerLimit), m_units.inDisplayUnit(m_upperLimit), m_precision);
-    m_numpad->hide();
-    connect(m_numpad, &BaseEntryImpl::cancelEntry, this, &NumericEntryImpl::restoreValue);
-    connect(m_numpad, &NumpadEntryImpl::updateUnit, this, &NumericEntryImpl::setUnit);
-    connect(m_numpad, &NumpadEntryImpl::updateUnit, this, &NumericEntryImpl::enterValue);
-    connect(m_numpad, qOverload<QString>(&NumpadEntryImpl::valueChanged), this,
-            &NumericEntryImpl::setAndEnterValue);
-    connect(m_numpad, qOverload<>(&NumpadEntryImpl::valueChanged), this, &NumericEntryImpl::noteEntry);
-    connect(m_numpad, &BaseEntryImpl::clearEntry, this, &NumericEntryImpl::noteEntry);
-    connect(m_numpad, &NumpadEntryImpl::rotateEntryMechanism, this, &NumericEntryImpl::rotateEntryMechanism);
+    m_mechanisms.addNumpad(isHex, realtimeUpdate);
 }
 
 void NumericEntryImpl::displayEntryMechanism()
@@ -430,24 +406,15 @@ void NumericEntryImpl::displayEntryMechanism()
     }
     if (!QRVUtil::isHandheld())
         GlobalImpl::getInstance()->topNavMenu();
-    if (m_numLocked || !m_numpad) {
+    if (m_numLocked || !m_mechanisms.numpad()) {
         emit CloseEntryMechanism();
         return;
     }
-    QWidget* screen = GlobalImpl::getInstance()->systemModule()->getSystemScreen(QStringLiteral("MainWindow"));
-    if (screen && m_numpad->parentWidget() != screen)
-        m_numpad->setParent(screen);
     if (m_unitSelectOpen)
         return;
     if (m_unitSelector)
         m_unitSelector->setEnabled(true);
-    const int selectorWidth = m_unitSelector && m_unitSelector->isVisible() ? m_unitSelector->width() : 0;
-    m_placement = EntryPlacement::place(m_numpad, m_valueEdit, selectorWidth);
-    m_numpad->setValue(m_valueEdit->text());
-    if (m_numpad->realtimeUpdate())
-        m_numpad->updateCursorPosition();
-    m_numpad->show();
-    m_numpad->raise();
+    m_mechanisms.open(m_unitSelector && m_unitSelector->isVisible() ? m_unitSelector->width() : 0);
     m_valueEdit->setEnabled(true);
     m_valueEdit->setFocus();
     m_valueEdit->end(false);
@@ -460,8 +427,7 @@ void NumericEntryImpl::rotateEntryMechanism(const QString&) {}
 
 void NumericEntryImpl::closeInput()
 {
-    if (m_numpad)
-        m_numpad->hide();
+    m_mechanisms.close();
     m_valueEdit->setEnabled(false);
     if (m_unitSelector)
         m_unitSelector->setEnabled(false);
@@ -488,7 +454,7 @@ void NumericEntryImpl::revertChanges()
         m_unitSelector->setEnum(m_savedUnit);
         m_units.setDisplayUnit(m_units.unit(m_savedUnit, getDisplayUnit()));
     }
-    updateSliderBounds(m_savedUnit);
+    m_mechanisms.updateSliderBounds(m_savedUnit);
 }
 
 void NumericEntryImpl::restoreValue()
@@ -498,14 +464,6 @@ void NumericEntryImpl::restoreValue()
     if (number && number->isSettable())
         m_binding.startSend(number, m_savedValue);
     closeInput();
-}
-
-void NumericEntryImpl::updateSliderBounds(long key)
-{
-    if (!m_numpad || !m_numpad->realtimeUpdate())
-        return;
-    const Units unit = m_units.unit(key, getBaseUnit());
-    m_numpad->updateLimits(m_units.converted(m_lowerLimit, unit), m_units.converted(m_upperLimit, unit));
 }
 
 // ---- the engine ----------------------------------------------------------

@@ -1,8 +1,8 @@
 #ifndef NUMERICENTRYIMPL_H
 #define NUMERICENTRYIMPL_H
 
-#include "EntryPlacement.h"
 #include "NumericEntryBinding.h"
+#include "NumericEntryMechanisms.h"
 #include "NumericEntryStyle.h"
 #include "NumericUnits.h"
 #include "UnitSelector.h"
@@ -154,6 +154,7 @@ protected:
 
 private:
     friend class NumericEntryBinding;
+    friend class NumericEntryMechanisms;
 
     void addUnits(const QStringList& labels, const QList<long>& keys);
     void createUnitSelector();
@@ -164,7 +165,6 @@ private:
     void setReadOnlyStyle();
 
     bool isMeter() const;
-    void updateSliderBounds(long key);
     void dds_callback(const char* topic, const NumericSample& sample);
     void dds_params_callback(const char* topic);
 
@@ -182,7 +182,6 @@ private:
     bool m_unitSelectOpen = false;
     bool m_valueFrozen = false;
     bool m_unitFrozen = false;
-    NumpadEntryImpl* m_numpad = nullptr;
     ComboBoxImpl* m_unitSelector = nullptr;
     bool m_numLocked = false;
     NumericEntryStyle m_style;
@@ -193,13 +192,13 @@ private:
     std::atomic<long> m_readingIndex{0};
     bool m_isHex = false;
     bool m_noUnitMatch = false;
-    EntryPlacement m_placement;
     bool m_useSpinWheel = true;
     bool m_realtimeUpdate = false;
     NumericUnits m_units{[this](const Kelvane::Value::Units& a, const Kelvane::Value::Units& b) {
         return baseUnitsMatch(a, b);
     }};
     NumericEntryBinding m_binding{this};
+    NumericEntryMechanisms m_mechanisms{this};
     //! The state of the last meter reading, for texts made on the interface thread.
     std::atomic<bool> m_readingHasNoValue{false};
     std::atomic<bool> m_readingDoubtful{false};

@@ -190,7 +190,7 @@ signals:
     void chosen(long key);
 };
 
-class TestMeter : public QObject
+class TestMeterBarImpl : public QObject
 {
     Q_OBJECT
 
@@ -232,7 +232,7 @@ private:
     QWidget* m_screen = nullptr;
 };
 
-void TestMeter::initTestCase()
+void TestMeterBarImpl::initTestCase()
 {
     m_screen = new QWidget;
     m_screen->resize(800, 480);
@@ -264,13 +264,13 @@ void TestMeter::initTestCase()
     m_engine->addAttribute(meterAttribute("NoReadings", 1.0, {0, 10, 1}, unitless, SimMeter{{}, {}}));
 }
 
-void TestMeter::cleanup()
+void TestMeterBarImpl::cleanup()
 {
     qDeleteAll(m_screen->findChildren<MeterBarImpl*>(QString(), Qt::FindDirectChildrenOnly));
     qApp->setProperty("-size", QVariant());
 }
 
-MeterBarImpl* TestMeter::boundMeter(const char* name, int delay)
+MeterBarImpl* TestMeterBarImpl::boundMeter(const char* name, int delay)
 {
     auto* meter = new MeterBarImpl(m_screen);
     meter->setGeometry(20, 20, 200, 300);
@@ -281,7 +281,7 @@ MeterBarImpl* TestMeter::boundMeter(const char* name, int delay)
     return meter;
 }
 
-void TestMeter::limitsInTheUnitThatFits()
+void TestMeterBarImpl::limitsInTheUnitThatFits()
 {
     // 0 to 0.002 V reads best in mV; binding writes one decimal.
     MeterBarImpl* meter = boundMeter("Voltage");
@@ -293,7 +293,7 @@ void TestMeter::limitsInTheUnitThatFits()
     QCOMPARE(barHue(meter->barWidget()), Hue::Green);
 }
 
-void TestMeter::readingAndUnitFromSelectors()
+void TestMeterBarImpl::readingAndUnitFromSelectors()
 {
     MeterBarImpl* meter = boundMeter("Level");
     ComboBoxImpl readings(false, m_screen);
@@ -329,7 +329,7 @@ void TestMeter::readingAndUnitFromSelectors()
     QCOMPARE(limitLabels(*meter).value(0), QStringLiteral("0.0 dBm"));
 }
 
-void TestMeter::selectorsOfAnyKind()
+void TestMeterBarImpl::selectorsOfAnyKind()
 {
     MeterBarImpl* meter = boundMeter("Level");
     ReadingChooser readings;
@@ -357,7 +357,7 @@ void TestMeter::selectorsOfAnyKind()
     QCOMPARE(limitLabels(*meter).value(0), QStringLiteral("1.0 mW"));
 }
 
-void TestMeter::stateFromFlags_data()
+void TestMeterBarImpl::stateFromFlags_data()
 {
     QTest::addColumn<QString>("attribute");
     QTest::addColumn<Hue>("hue");
@@ -371,7 +371,7 @@ void TestMeter::stateFromFlags_data()
     QTest::newRow("other engine state") << "Settled" << Hue::Grey;
 }
 
-void TestMeter::stateFromFlags()
+void TestMeterBarImpl::stateFromFlags()
 {
     QFETCH(QString, attribute);
     QFETCH(Hue, hue);
@@ -382,7 +382,7 @@ void TestMeter::stateFromFlags()
     TestSupport::savePng(meter, QStringLiteral("meter_state_") + attribute);
 }
 
-void TestMeter::nanReadingChangesNothing()
+void TestMeterBarImpl::nanReadingChangesNothing()
 {
     MeterBarImpl* meter = boundMeter("Normal");
     QVERIFY(engineSays("Normal", 25.0, [meter] { return std::abs(filledFraction(meter->barWidget()) - 0.25) < 0.02; }));
@@ -392,7 +392,7 @@ void TestMeter::nanReadingChangesNothing()
     QCOMPARE(pictureOf(meter->barWidget()), before);
 }
 
-void TestMeter::levelFloorShowsTheLowerLimit_data()
+void TestMeterBarImpl::levelFloorShowsTheLowerLimit_data()
 {
     QTest::addColumn<double>("reading"); // dBm, of -400 to 0
     QTest::addColumn<double>("filled");
@@ -401,7 +401,7 @@ void TestMeter::levelFloorShowsTheLowerLimit_data()
     QTest::newRow("-300 shows itself") << -300.0 << 0.25;
 }
 
-void TestMeter::levelFloorShowsTheLowerLimit()
+void TestMeterBarImpl::levelFloorShowsTheLowerLimit()
 {
     QFETCH(double, reading);
     QFETCH(double, filled);
@@ -414,7 +414,7 @@ void TestMeter::levelFloorShowsTheLowerLimit()
     QCOMPARE(limitLabels(*meter), QStringList({"0.0 dBm", "-400.0 dBm"}));
 }
 
-void TestMeter::precisionOfSmallLimits()
+void TestMeterBarImpl::precisionOfSmallLimits()
 {
     // A unitless reading keeps its unit; 0.05 needs two decimals once samples flow.
     MeterBarImpl* meter = boundMeter("Ratio");
@@ -423,7 +423,7 @@ void TestMeter::precisionOfSmallLimits()
     QCOMPARE(limitLabels(*meter).value(1), QStringLiteral("0.0"));
 }
 
-void TestMeter::sizes()
+void TestMeterBarImpl::sizes()
 {
     MeterBarImpl meter(m_screen);
     meter.show();
@@ -451,7 +451,7 @@ void TestMeter::sizes()
     QVERIFY(meter.findChild<QFrame*>(QStringLiteral("topCap")));
 }
 
-void TestMeter::limitLabelsStayInside_data()
+void TestMeterBarImpl::limitLabelsStayInside_data()
 {
     QTest::addColumn<QString>("size");
     QTest::addColumn<int>("width");
@@ -464,7 +464,7 @@ void TestMeter::limitLabelsStayInside_data()
     QTest::newRow("Max squeezed") << "Max" << 190 << false;
 }
 
-void TestMeter::limitLabelsStayInside()
+void TestMeterBarImpl::limitLabelsStayInside()
 {
     QFETCH(QString, size);
     QFETCH(int, width);
@@ -501,7 +501,7 @@ void TestMeter::limitLabelsStayInside()
                                      .arg(QString::fromLatin1(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_')).remove(QLatin1Char(',')).remove(QLatin1Char('\''))));
 }
 
-void TestMeter::wrongAttributesLeaveItUnbound()
+void TestMeterBarImpl::wrongAttributesLeaveItUnbound()
 {
     MeterBarImpl* plain = boundMeter("Plain");
     QCOMPARE(limitLabels(*plain), QStringList({"2000 MHz", "10 KHz"}));
@@ -522,7 +522,7 @@ void TestMeter::wrongAttributesLeaveItUnbound()
     QVERIFY(engineSays("Normal", 80.0, [meter] { return filledFraction(meter->barWidget()) > 0.75; }));
 }
 
-void TestMeter::destroyedWhileSamplesFlow()
+void TestMeterBarImpl::destroyedWhileSamplesFlow()
 {
     // Each sample draws on the DDS thread and waits for this thread to take
     // the repaint; meters go while that happens.
@@ -535,7 +535,7 @@ void TestMeter::destroyedWhileSamplesFlow()
     }
 }
 
-void TestMeter::laidDownWhileSamplesFlow()
+void TestMeterBarImpl::laidDownWhileSamplesFlow()
 {
     MeterBarImpl* meter = boundMeter("Normal");
     const Feeder feeder(*m_engine, "Normal");
@@ -547,7 +547,7 @@ void TestMeter::laidDownWhileSamplesFlow()
     QTRY_VERIFY(barHue(meter->barWidget()) == Hue::Green);
 }
 
-void TestMeter::looks()
+void TestMeterBarImpl::looks()
 {
     // Every state upright and lying down, as the operator sees them.
     const char* const names[] = {"Normal", "Over", "Empty", "Warning", "Floor", "Voltage"};
@@ -581,5 +581,5 @@ void TestMeter::looks()
     qDeleteAll(meters);
 }
 
-RV_TEST_MAIN_BOUNDED_EXIT(TestMeter, QApplication)
-#include "tst_meter.moc"
+RV_TEST_MAIN_BOUNDED_EXIT(TestMeterBarImpl, QApplication)
+#include "tst_meterbarimpl.moc"

@@ -12,7 +12,7 @@
 #include <memory>
 #include <thread>
 
-class TestMeterBar : public QObject
+class TestMeterBarBar : public QObject
 {
     Q_OBJECT
 
@@ -83,7 +83,7 @@ QPair<double, double> paintedStretch(const QImage& image, bool horizontal)
 
 Q_DECLARE_METATYPE(Colour)
 
-void TestMeterBar::fillAndColourFollowReading_data()
+void TestMeterBarBar::fillAndColourFollowReading_data()
 {
     QTest::addColumn<bool>("horizontal");
     QTest::addColumn<QList<double>>("readingLowerUpper");
@@ -135,7 +135,7 @@ void TestMeterBar::fillAndColourFollowReading_data()
                 << (h ? row.hTo : row.vTo) << row.colour;
 }
 
-void TestMeterBar::fillAndColourFollowReading()
+void TestMeterBarBar::fillAndColourFollowReading()
 {
     QFETCH(bool, horizontal);
     QFETCH(QList<double>, readingLowerUpper);
@@ -161,7 +161,7 @@ void TestMeterBar::fillAndColourFollowReading()
     QCOMPARE(colourOf(horizontal ? image.pixel(middle, 20) : image.pixel(20, middle)), colour);
 }
 
-void TestMeterBar::limitThatOnlyChangesSignIsNotTaken()
+void TestMeterBarBar::limitThatOnlyChangesSignIsNotTaken()
 {
     auto bar = makeBar(false);
     bar->updateReading(50, -100, 100);
@@ -172,7 +172,7 @@ void TestMeterBar::limitThatOnlyChangesSignIsNotTaken()
     QVERIFY(bar->grab().toImage() != acrossZero);
 }
 
-void TestMeterBar::oddLimitsStillGiveAPicture_data()
+void TestMeterBarBar::oddLimitsStillGiveAPicture_data()
 {
     QTest::addColumn<bool>("horizontal");
     QTest::addColumn<QList<double>>("readingLowerUpper");
@@ -208,7 +208,7 @@ void TestMeterBar::oddLimitsStillGiveAPicture_data()
 }
 
 // Neither a crash, nor a hang, nor a missing picture.
-void TestMeterBar::oddLimitsStillGiveAPicture()
+void TestMeterBarBar::oddLimitsStillGiveAPicture()
 {
     QFETCH(bool, horizontal);
     QFETCH(QList<double>, readingLowerUpper);
@@ -226,7 +226,7 @@ void TestMeterBar::oddLimitsStillGiveAPicture()
     QCOMPARE(log.filter(QStringLiteral("UserInterface - ERROR: Meter unexpected limits")).size(), reported ? 2 : 0);
 }
 
-void TestMeterBar::readingsFromAnotherThread()
+void TestMeterBarBar::readingsFromAnotherThread()
 {
     auto bar = makeBar(false);
     bar->show();
@@ -259,7 +259,7 @@ void TestMeterBar::readingsFromAnotherThread()
     QCOMPARE(colourOf(last.pixel(20, 100)), Green);
 }
 
-void TestMeterBar::scaleText_data()
+void TestMeterBarBar::scaleText_data()
 {
     QTest::addColumn<bool>("horizontal");
     QTest::addColumn<int>("firstMargin");
@@ -268,7 +268,7 @@ void TestMeterBar::scaleText_data()
     QTest::newRow("horizontal") << true << 15 << 18;
 }
 
-void TestMeterBar::scaleText()
+void TestMeterBarBar::scaleText()
 {
     QFETCH(bool, horizontal);
     QFETCH(int, firstMargin);
@@ -306,7 +306,7 @@ void TestMeterBar::scaleText()
     TestSupport::savePng(scale, QStringLiteral("meterbar_%1scale").arg(horizontal ? "horizontal" : ""));
 }
 
-void TestMeterBar::scaleKeepsToItsRoom()
+void TestMeterBarBar::scaleKeepsToItsRoom()
 {
     QWidget meter;
     meter.setStyleSheet(QStringLiteral("QWidget { background: #1c2530; } QLabel#MetBar_Scale { color: #fff;"
@@ -343,5 +343,5 @@ void TestMeterBar::scaleKeepsToItsRoom()
     QCOMPARE(widthChanges.count(), 2);
 }
 
-QTEST_MAIN(TestMeterBar)
-#include "tst_meterbar.moc"
+QTEST_MAIN(TestMeterBarBar)
+#include "tst_meterbar_bar.moc"
