@@ -8,6 +8,8 @@
 #include "MeterLink.h"
 #include "NumericLink.h"
 #include "SimEngine.h"
+#include "StringLink.h"
+#include "TraceLink.h"
 #include "ValueHelper.h"
 #include "WidgetBaseImpl.h"
 
@@ -98,6 +100,8 @@ private slots:
     void mismatchWritesTheWidgetsLineOrNothing();
     void enumLinkFollowsValueAndList();
     void commandLinkSetsTrueOrOne();
+    void stringLinkKeepsEveryCharacter();
+    void traceLinkReadsAndFollowsBothKinds();
     void linksLiveUntilTheBindingIsReleased();
 
 private:
@@ -124,6 +128,10 @@ void TestAttributeLink::initTestCase()
     m_engine->addAttribute(meter);
     m_engine->addAttribute(setup("Switch", SimKind::AttribBoolean, false));
     m_engine->addAttribute(setup("Alarm", SimKind::ReadingBoolean, true));
+    m_engine->addAttribute(setup("Label", SimKind::AttribString, std::string("first")));
+    m_engine->addAttribute(setup("Serial", SimKind::ReadingString, std::string("SN-1")));
+    m_engine->addAttribute(setup("Trace", SimKind::BasicTrace, std::vector<float>{1.0f, 2.0f, 3.0f}));
+    m_engine->addAttribute(setup("IQ", SimKind::ReadingComplexTrace, std::vector<std::complex<double>>{{1.0, -1.0}}));
     SimAttributeSetup mode = setup("Mode", SimKind::AttribEnum, std::int64_t(1));
     mode.enumEntries = {{1, "Sweep", true}, {2, "Zero span", true}, {3, "List", false}};
     m_engine->addAttribute(mode);
@@ -295,6 +303,68 @@ void TestAttributeLink::commandLinkSetsTrueOrOne()
     QVERIFY(toOne);
     toOne->trigger();
     QCOMPARE(m_engine->value("AttribLong"), SimValue(std::int64_t(1)));
+}
+
+void TestAttributeLink::stringLinkKeepsEveryCharacter()
+{
+    LinkProbe probe;
+    const Brenmoor::EngineReadingBase_var label = attribute("Label");
+    const StringLink* text = probe.bindAs<StringLink>(label, StringLink::AttribString | StringLink::ReadingString, nullptr);
+    QVERIFY(text);
+    QVERIFY(text->isSettable());
+    QCOMPARE(text->value(), QStringLiteral("first"));
+
+    QString seen;
+    std::mutex mutex;
+    text->follow([&](const char*, const QString& value) {
+        std::lock_guard<std::mutex> lock(mutex);
+        seen = value;
+    });
+    const QString unicode = QStringLiteral("Gr\u00fc\u00dfe \u65e5\u672c \u0645\u0631\u062d\u0628\u0627 \U0001F50B");
+    text->set(unicode);
+    QCOMPARE(text->value(), unicode);
+    QTRY_VERIFY([&] {
+        std::lock_guard<std::mutex> lock(mutex);
+        return seen == unicode;
+    }());
+
+    const Brenmoor::EngineReadingBase_var serial = attribute("Serial");
+    const StringLink* reading = probe.bindAs<StringLink>(serial, StringLink::AttribString | StringLink::ReadingString, nullptr);
+    QVERIFY(reading);
+    QVERIFY(!reading->isSettable());
+    QVERIFY_EXCEPTION_THROWN(reading->set(QStringLiteral("SN-2")), CORBA::BAD_OPERATION);
+}
+
+void TestAttributeLink::traceLinkReadsAndFollowsBothKinds()
+{
+    LinkProbe probe;
+    const int both = TraceLink::BasicTrace | TraceLink::ComplexTrace;
+    const Brenmoor::EngineReadingBase_var basic = attribute("Trace");
+    const TraceLink* trace = probe.bindAs<TraceLink>(basic, both, nullptr);
+    QVERIFY(trace);
+    QVERIFY(!trace->isComplex());
+    const Brenmoor::BASIC_TRACE::BT_DATA_var read = trace->value();
+    QCOMPARE(read->samples.length(), CORBA::ULong(3));
+    QCOMPARE(read->samples[2], 3.0f);
+
+    std::atomic<int> basicPoints{0};
+    std::atomic<bool> wrongKind{false};
+    trace->follow([&](const char*, const Brenmoor::BASIC_TRACE::BT_DATA& data) { basicPoints = int(data.samples.length()); },
+                  [&](const char*, const Brenmoor::ComplexDoubleSeq&) { wrongKind = true; });
+    m_engine->setValue("Trace", std::vector<float>{4.0f, 5.0f, 6.0f, 7.0f});
+    QTRY_COMPARE(basicPoints.load(), 4);
+    QVERIFY(!wrongKind);
+
+    const Brenmoor::EngineReadingBase_var iq = attribute("IQ");
+    const TraceLink* complex = probe.bindAs<TraceLink>(iq, both, nullptr);
+    QVERIFY(complex);
+    QVERIFY(complex->isComplex());
+    QVERIFY_EXCEPTION_THROWN(Brenmoor::BASIC_TRACE::BT_DATA_var(complex->value()), CORBA::BAD_OPERATION);
+    std::atomic<int> complexPoints{0};
+    complex->follow([](const char*, const Brenmoor::BASIC_TRACE::BT_DATA&) {},
+                    [&](const char*, const Brenmoor::ComplexDoubleSeq& points) { complexPoints = int(points.length()); });
+    m_engine->setValue("IQ", std::vector<std::complex<double>>{{1.0, 0.0}, {0.0, 1.0}});
+    QTRY_COMPARE(complexPoints.load(), 2);
 }
 
 void TestAttributeLink::linksLiveUntilTheBindingIsReleased()

@@ -42,3 +42,9 @@ template void AttributeLink::followTopic<Brenmoor::VALUE_LONG::VALUE>(
     const QByteArray&, boost::function<void(const char*, Brenmoor::VALUE_LONG::VALUE)>) const;
 template void AttributeLink::followTopic<Brenmoor::MeterReading::Reading>(
     const QByteArray&, boost::function<void(const char*, Brenmoor::MeterReading::Reading)>) const;
+template void AttributeLink::followTopic<CORBA::String_var>(const QByteArray&,
+                                                            boost::function<void(const char*, CORBA::String_var)>) const;
+template void AttributeLink::followTopic<Brenmoor::BASIC_TRACE::BT_DATA>(
+    const QByteArray&, boost::function<void(const char*, Brenmoor::BASIC_TRACE::BT_DATA)>) const;
+template void AttributeLink::followTopic<Brenmoor::ComplexDoubleSeq>(
+    const QByteArray&, boost::function<void(const char*, Brenmoor::ComplexDoubleSeq)>) const;
