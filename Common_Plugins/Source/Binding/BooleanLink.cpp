@@ -7,12 +7,8 @@ const LinkFamily BooleanLink::family{
 
 BooleanLink::BooleanLink(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface)
     : AttributeLink(frame, attr)
-    , m_reading(Brenmoor::EngineReadingBoolean::_narrow(attr))
-    , m_settable(interface == AttribBoolean)
+    , m_boolean(attr, interface == AttribBoolean)
 {
-    if (m_settable)
-        m_setting = Brenmoor::EngineAttribBoolean::_narrow(attr);
-
 }
 
 AttributeLink* BooleanLink::make(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface)
@@ -22,19 +18,17 @@ AttributeLink* BooleanLink::make(WidgetBaseImpl* frame, Brenmoor::EngineReadingB
 
 bool BooleanLink::isNarrowed() const
 {
-    return !CORBA::is_nil(m_reading) && (!m_settable || !CORBA::is_nil(m_setting));
+    return m_boolean.isNarrowed();
 }
 
 bool BooleanLink::value() const
 {
-    return m_reading->value();
+    return m_boolean.reading()->value();
 }
 
 void BooleanLink::set(bool on) const
 {
-    if (CORBA::is_nil(m_setting))
-        throw CORBA::BAD_OPERATION();
-    m_setting->set(GlobalImpl::getLockerID(), on);
+    m_boolean.setting()->set(GlobalImpl::getLockerID(), on);
 }
 
 void BooleanLink::follow(boost::function<void(const char*, bool)> onValue) const

@@ -2,6 +2,7 @@
 #define BOOLEANLINK_H
 
 #include "AttributeLink.h"
+#include "SettableReference.h"
 
 /*!
   An on/off value: a setting (EngineAttribBoolean) or a reading
@@ -27,9 +28,7 @@ private:
     BooleanLink(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface);
     static AttributeLink* make(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface);
 
-    Brenmoor::EngineReadingBoolean_var m_reading;
-    bool m_settable = false;
-    Brenmoor::EngineAttribBoolean_var m_setting;
+    SettableReference<Brenmoor::EngineReadingBoolean, Brenmoor::EngineAttribBoolean> m_boolean;
 };
 
 #endif // BOOLEANLINK_H

@@ -1,4 +1,5 @@
 #include "NumericLink.h"
+#include "SettableReference.h"
 
 #include "GlobalImpl.h"
 #include "ValueHelper.h"
@@ -16,22 +17,17 @@ class NarrowedNumber : public NumericLink
 public:
     NarrowedNumber(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, Number number, bool settable)
         : NumericLink(frame, attr, number, settable)
-        , m_reading(Reading::_narrow(attr))
+        , m_narrowed(attr, settable)
     {
-        if (settable)
-            m_setting = Setting::_narrow(attr);
     }
 
-    bool isNarrowed() const override
-    {
-        return !CORBA::is_nil(m_reading) && (!isSettable() || !CORBA::is_nil(m_setting));
-    }
+    bool isNarrowed() const override { return m_narrowed.isNarrowed(); }
 
     bool limits(double* lower, double* upper) const override
     {
         if (!isSettable())
             return false;
-        const auto limits = m_setting->limits();
+        const auto limits = m_narrowed.setting()->limits();
         *lower = limits.lower;
         *upper = limits.upper;
         return true;
@@ -41,20 +37,12 @@ public:
     {
         if (!isSettable())
             return;
-        const CORBA::String_var limitsTopic = m_setting->limitsTopic();
+        const CORBA::String_var limitsTopic = m_narrowed.setting()->limitsTopic();
         followVoidTopic(QByteArray(limitsTopic.in()), std::move(onChange));
     }
 
 protected:
-    typename Setting::_ptr_type setting() const
-    {
-        if (CORBA::is_nil(m_setting))
-            throw CORBA::BAD_OPERATION();
-        return m_setting.in();
-    }
-
-    typename Reading::_var_type m_reading;
-    typename Setting::_var_type m_setting;
+    SettableReference<Reading, Setting> m_narrowed;
 };
 
 template<class Reading, class Setting, class Payload>
@@ -65,13 +53,13 @@ public:
 
     bool read(NumericSample* sample, QList<long>*) const override
     {
-        sample->value = double(this->m_reading->value());
+        sample->value = double(this->m_narrowed.reading()->value());
         return true;
     }
 
     void set(double number, const Units&) const override
     {
-        this->setting()->set(GlobalImpl::getLockerID(), Payload(number));
+        this->m_narrowed.setting()->set(GlobalImpl::getLockerID(), Payload(number));
     }
 
     void follow(boost::function<void(const char*, const NumericSample&)> onValue) const override
@@ -92,7 +80,7 @@ public:
 
     bool read(NumericSample* sample, QList<long>*) const override
     {
-        const typename Record::_var_type record = this->m_reading->value();
+        const typename Record::_var_type record = this->m_narrowed.reading()->value();
         *sample = sampleOf(record.in());
         return true;
     }
@@ -102,7 +90,7 @@ public:
         Record record{};
         record.units = ValueHelper::toWireUnits(wire);
         record.currentValue = decltype(record.currentValue)(number);
-        this->setting()->set(GlobalImpl::getLockerID(), record);
+        this->m_narrowed.setting()->set(GlobalImpl::getLockerID(), record);
     }
 
     void follow(boost::function<void(const char*, const NumericSample&)> onValue) const override

@@ -7,11 +7,8 @@ const LinkFamily StringLink::family{{QStringLiteral("EngineAttribString"), QStri
 
 StringLink::StringLink(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface)
     : AttributeLink(frame, attr)
-    , m_reading(Brenmoor::EngineReadingString::_narrow(attr))
-    , m_settable(interface == AttribString)
+    , m_text(attr, interface == AttribString)
 {
-    if (m_settable)
-        m_setting = Brenmoor::EngineAttribString::_narrow(attr);
 }
 
 AttributeLink* StringLink::make(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface)
@@ -21,25 +18,23 @@ AttributeLink* StringLink::make(WidgetBaseImpl* frame, Brenmoor::EngineReadingBa
 
 bool StringLink::isNarrowed() const
 {
-    return !CORBA::is_nil(m_reading) && (!m_settable || !CORBA::is_nil(m_setting));
+    return m_text.isNarrowed();
 }
 
 bool StringLink::isSettable() const
 {
-    return m_settable;
+    return m_text.isSettable();
 }
 
 QString StringLink::value() const
 {
-    const CORBA::String_var text = m_reading->value();
+    const CORBA::String_var text = m_text.reading()->value();
     return QString::fromUtf8(text.in());
 }
 
 void StringLink::set(const QString& text) const
 {
-    if (CORBA::is_nil(m_setting))
-        throw CORBA::BAD_OPERATION();
-    m_setting->set(GlobalImpl::getLockerID(), text.toUtf8().constData());
+    m_text.setting()->set(GlobalImpl::getLockerID(), text.toUtf8().constData());
 }
 
 void StringLink::follow(boost::function<void(const char*, const QString&)> onValue) const

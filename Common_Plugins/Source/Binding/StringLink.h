@@ -2,6 +2,7 @@
 #define STRINGLINK_H
 
 #include "AttributeLink.h"
+#include "SettableReference.h"
 
 #include <QString>
 
@@ -31,9 +32,7 @@ private:
     StringLink(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface);
     static AttributeLink* make(WidgetBaseImpl* frame, Brenmoor::EngineReadingBase_ptr attr, int interface);
 
-    Brenmoor::EngineReadingString_var m_reading;
-    bool m_settable = false;
-    Brenmoor::EngineAttribString_var m_setting;
+    SettableReference<Brenmoor::EngineReadingString, Brenmoor::EngineAttribString> m_text;
 };
 
 #endif // STRINGLINK_H
