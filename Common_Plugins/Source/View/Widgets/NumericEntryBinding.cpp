@@ -60,7 +60,7 @@ void NumericEntryBinding::bindSettable(const NumericLink* number)
     number->limits(&field->m_lowerLimit, &field->m_upperLimit);
     field->addNumpad(field->m_isHex, field->m_realtimeUpdate);
     if (number->carriesUnits()) {
-        field->m_mechanisms.updateSliderBounds(field->m_unitSelector ? field->m_unitSelector->getEnum() : 0);
+        field->m_mechanisms.updateSliderBounds(field->m_unitSelector.key());
         field->setIndex(field->m_defaultUnit);
     }
     number->follow(boost::bind(&NumericEntryImpl::dds_callback, field, _1, _2));
@@ -100,7 +100,7 @@ void NumericEntryBinding::takeWireUnit(const Units& wire)
     }
     // Offered again against the engine's base unit.
     field->setUnitListString(field->m_units.unitListString());
-    if (field->m_unitKeys.contains(field->m_defaultUnit))
+    if (field->m_unitSelector.keys().contains(field->m_defaultUnit))
         field->m_units.setDisplayUnit(field->m_units.unit(field->m_defaultUnit));
 }
 
@@ -109,7 +109,7 @@ void NumericEntryBinding::updateLimits(const NumericLink* number)
     NumericEntryImpl* field = m_field;
     if (!number->limits(&field->m_lowerLimit, &field->m_upperLimit))
         return;
-    field->m_mechanisms.updateSliderBounds(number->carriesUnits() && field->m_unitSelector ? field->m_unitSelector->getEnum() : 0);
+    field->m_mechanisms.updateSliderBounds(number->carriesUnits() && field->m_unitSelector.key());
 }
 
 void NumericEntryBinding::bindMeter(const NumericLink* meter)

@@ -36,7 +36,7 @@ NumericEntryImpl::NumericEntryImpl(QWidget* parent, const QString& label, const 
         QList<long> keys;
         for (int i = 0; i < units->size(); ++i)
             keys << i;
-        addUnits(*units, keys);
+        m_unitSelector.offer(*units, keys, m_defaultUnit);
     }
     setLockImageVisible(false);
 
@@ -79,7 +79,7 @@ int NumericEntryImpl::precision() const { return m_precision; }
 QString NumericEntryImpl::getValue() const { return m_valueEdit->text(); }
 void NumericEntryImpl::setNumLocked(bool locked) { m_numLocked = locked; }
 NumpadEntryImpl* NumericEntryImpl::numpadWidget() const { return m_mechanisms.numpad(); }
-ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector; }
+ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector.widget(); }
 double NumericEntryImpl::baseValue() const { return m_value; }
 Units NumericEntryImpl::getBaseUnit() const { return m_units.baseUnit(); }
 Units NumericEntryImpl::getDisplayUnit() const { return m_units.displayUnit(); }
@@ -99,7 +99,7 @@ QMetaObject::Connection NumericEntryImpl::followUnitChoice(QObject* receiver, st
 
 QString NumericEntryImpl::getUnit() const
 {
-    return m_unitSelector ? m_unitSelector->getText() : QString();
+    return m_unitSelector.text();
 }
 
 // ---- the unit list -------------------------------------------------------
@@ -114,58 +114,30 @@ void NumericEntryImpl::setUnitListString(const QString& units)
 
 void NumericEntryImpl::updateUnitListWidget()
 {
-    m_noUnitMatch = false;
     const QList<long> keys = m_units.offeredKeys();
     const Units base = getBaseUnit();
     QStringList labels;
     for (long key : keys)
         labels << ValueHelper::getUnitString(m_units.unit(key));
-    addUnits(labels, keys);
+    m_unitSelector.offer(labels, keys, m_defaultUnit);
     m_mechanisms.setUnitList(labels);
     if (!keys.isEmpty() && !keys.contains(m_defaultUnit))
         m_defaultUnit = keys.first();
     setIndex(m_defaultUnit);
-    if (keys.isEmpty() && m_unitSelector) {
-        qDebug() << "UserInterface -" << getAttributeName() << "expected units but found none that match. --"
-                 << m_units.unitListString();
-        qDebug() << "UserInterface -" << getAttributeName() << ": going to use baseUnit:";
-        ValueHelper::printUnit(base);
-        m_noUnitMatch = true;
-        addUnits(QStringList{ValueHelper::getUnitString(base)}, QList<long>{0});
-    }
-    if (m_unitSelector) {
+    if (ComboBoxImpl* selector = m_unitSelector.widget()) {
+        if (keys.isEmpty()) {
+            qDebug() << "UserInterface -" << getAttributeName() << "expected units but found none that match. --"
+                     << m_units.unitListString();
+            qDebug() << "UserInterface -" << getAttributeName() << ": going to use baseUnit:";
+            ValueHelper::printUnit(base);
+            m_unitSelector.offerOnly(ValueHelper::getUnitString(base));
+        }
         if (ValueHelper::getUnitString(base).trimmed().isEmpty())
-            m_unitSelector->hide();
-        if (!m_unitNames.isEmpty() && !m_unitNames.first().isEmpty())
-            m_unitSelector->show();
+            selector->hide();
+        if (m_unitSelector.showsUnit())
+            selector->show();
     }
     changeSize(m_sizeName);
-}
-
-void NumericEntryImpl::addUnits(const QStringList& labels, const QList<long>& keys)
-{
-    m_unitNames = labels;
-    m_unitKeys = keys;
-    const bool created = !m_unitSelector;
-    if (created)
-        createUnitSelector();
-    QList<ComboBoxListStruct> list;
-    for (int i = 0; i < keys.size(); ++i)
-        list << ComboBoxListStruct(keys.at(i), labels.at(i), true);
-    m_unitSelector->setList(list, -1);
-    m_unitSelector->fitToWidestChoice();
-    if (!created)
-        return;
-    m_unitSelector->setEnabled(false);
-    m_unitSelector->setEnum(m_defaultUnit);
-    changeSize(m_sizeName);
-}
-
-void NumericEntryImpl::createUnitSelector()
-{
-    m_unitSelector = new ComboBoxImpl(true);
-    static_cast<QGridLayout*>(layout())->addWidget(m_unitSelector, 1, 1);
-    connect(m_unitSelector, &ComboBoxImpl::updateEnum, this, [this](long key) { setIndex(key); });
 }
 
 bool NumericEntryImpl::baseUnitsMatch(const Units& a, const Units& b) const
@@ -180,23 +152,22 @@ void NumericEntryImpl::setIndex(int key)
 
 void NumericEntryImpl::setIndex(const long& key)
 {
-    if (!m_unitKeys.contains(key) || m_noUnitMatch)
+    if (!m_unitSelector.offers(key))
         return;
     m_units.setDisplayUnit(m_units.unit(key));
     m_defaultUnit = key;
-    if (m_unitSelector)
-        m_unitSelector->setEnum(key);
+    m_unitSelector.show(key);
     updateReading(m_units.converted(m_value, m_units.unit(key)));
     m_mechanisms.updateSliderBounds(key);
-    emit unitChanged(m_unitSelector ? m_unitSelector->getText() : QString());
+    emit unitChanged(m_unitSelector.text());
     emit newUnit(key);
 }
 
 void NumericEntryImpl::setUnit(const QString& unit)
 {
-    if (m_unitSelector) {
-        m_unitSelector->setText(unit);
-        setIndex(m_unitSelector->getEnum());
+    if (ComboBoxImpl* selector = m_unitSelector.widget()) {
+        selector->setText(unit);
+        setIndex(selector->getEnum());
         emit unitChanged(unit);
     }
     closeInput();
@@ -293,8 +264,7 @@ void NumericEntryImpl::setPrecision(int precision, double value)
 void NumericEntryImpl::clear()
 {
     m_valueEdit->clear();
-    if (m_unitSelector)
-        m_unitSelector->clear();
+    m_unitSelector.clear();
 }
 
 // ---- look ----------------------------------------------------------------
@@ -304,15 +274,16 @@ void NumericEntryImpl::changeSize(const QString& size)
     m_sizeName = size;
     if (QRVUtil::startupSwitchIs("-size", QStringLiteral("small_portrait")) && size == QLatin1String("Max"))
         m_sizeName = QStringLiteral("Min");
-    const bool withUnit = !m_unitNames.isEmpty() && !m_unitNames.first().isEmpty();
+    const bool withUnit = m_unitSelector.showsUnit();
     const QString* sheet = m_style.sheet(m_sizeName, withUnit);
     if (sheet)
         setStyleSheet(*sheet);
-    if (!m_unitSelector)
+    ComboBoxImpl* selector = m_unitSelector.widget();
+    if (!selector)
         return;
     if (withUnit && sheet)
-        m_unitSelector->changeSize(m_sizeName);
-    m_unitSelector->fitToWidestChoice();
+        selector->changeSize(m_sizeName);
+    selector->fitToWidestChoice();
 }
 
 void NumericEntryImpl::setLockImageVisible(const bool& visible)
@@ -333,8 +304,7 @@ void NumericEntryImpl::setReadOnly(bool state)
 void NumericEntryImpl::setReadOnlyStyle()
 {
     m_style.markReadOnly();
-    if (m_unitSelector)
-        m_unitSelector->setReadOnlyStyle();
+    m_unitSelector.setReadOnlyStyle();
     changeSize(m_sizeName);
 }
 
@@ -371,17 +341,17 @@ void NumericEntryImpl::mouseReleaseEvent(QMouseEvent* event)
 {
     const QWidget* child = childAt(event->pos());
     if (child && child->objectName() == QLatin1String("cboText")) {
-        if (m_unitFrozen || !m_unitSelector)
+        ComboBoxImpl* selector = m_unitSelector.widget();
+        if (m_unitFrozen || !selector)
             return;
         m_unitSelectOpen = true;
-        m_unitSelector->acquireLock();
+        selector->acquireLock();
         return;
     }
     if (m_valueFrozen)
         return;
     m_savedText = m_valueEdit->text();
-    if (m_unitSelector)
-        m_savedUnit = m_unitSelector->getEnum();
+    m_savedUnit = m_unitSelector.key(m_savedUnit);
     m_unitSelectOpen = false;
     WidgetBaseImpl::mouseReleaseEvent(event);
 }
@@ -412,9 +382,8 @@ void NumericEntryImpl::displayEntryMechanism()
     }
     if (m_unitSelectOpen)
         return;
-    if (m_unitSelector)
-        m_unitSelector->setEnabled(true);
-    m_mechanisms.open(m_unitSelector && m_unitSelector->isVisible() ? m_unitSelector->width() : 0);
+    m_unitSelector.setEnabled(true);
+    m_mechanisms.open(m_unitSelector.visibleWidth());
     m_valueEdit->setEnabled(true);
     m_valueEdit->setFocus();
     m_valueEdit->end(false);
@@ -429,8 +398,7 @@ void NumericEntryImpl::closeInput()
 {
     m_mechanisms.close();
     m_valueEdit->setEnabled(false);
-    if (m_unitSelector)
-        m_unitSelector->setEnabled(false);
+    m_unitSelector.setEnabled(false);
     m_valueEdit->setFocus(Qt::OtherFocusReason);
     releaseLock();
 }
@@ -450,8 +418,8 @@ void NumericEntryImpl::noteEntry()
 void NumericEntryImpl::revertChanges()
 {
     m_valueEdit->setText(m_savedText);
-    if (m_unitSelector) {
-        m_unitSelector->setEnum(m_savedUnit);
+    if (ComboBoxImpl* selector = m_unitSelector.widget()) {
+        selector->setEnum(m_savedUnit);
         m_units.setDisplayUnit(m_units.unit(m_savedUnit, getDisplayUnit()));
     }
     m_mechanisms.updateSliderBounds(m_savedUnit);

@@ -4,6 +4,7 @@
 #include "NumericEntryBinding.h"
 #include "NumericEntryMechanisms.h"
 #include "NumericEntryStyle.h"
+#include "NumericUnitSelector.h"
 #include "NumericUnits.h"
 #include "UnitSelector.h"
 #include "WidgetBaseImpl.h"
@@ -156,8 +157,6 @@ private:
     friend class NumericEntryBinding;
     friend class NumericEntryMechanisms;
 
-    void addUnits(const QStringList& labels, const QList<long>& keys);
-    void createUnitSelector();
     double takeGivenValue(double value, const QString& inputUnit);
     void setPrecision(int precision, double value);
     void updateReading(double value);
@@ -177,12 +176,10 @@ private:
     double m_upperLimit = 0.0;
     double m_lowerLimit = 0.0;
     QLineEdit* m_valueEdit = nullptr;
-    QStringList m_unitNames;
-    QList<long> m_unitKeys;
     bool m_unitSelectOpen = false;
     bool m_valueFrozen = false;
     bool m_unitFrozen = false;
-    ComboBoxImpl* m_unitSelector = nullptr;
+    NumericUnitSelector m_unitSelector{this, [this](long key) { setIndex(key); }};
     bool m_numLocked = false;
     NumericEntryStyle m_style;
     QString m_savedText;
@@ -191,7 +188,6 @@ private:
     double m_savedValue = 0.0;
     std::atomic<long> m_readingIndex{0};
     bool m_isHex = false;
-    bool m_noUnitMatch = false;
     bool m_useSpinWheel = true;
     bool m_realtimeUpdate = false;
     NumericUnits m_units{[this](const Kelvane::Value::Units& a, const Kelvane::Value::Units& b) {

@@ -26,7 +26,7 @@ NumpadEntryImpl* NumericEntryMechanisms::numpad() const
 void NumericEntryMechanisms::addNumpad(bool isHex, bool realtimeUpdate)
 {
     NumericEntryImpl* field = m_field;
-    const QList<QString> units = field->m_unitNames;
+    const QList<QString> units = field->m_unitSelector.labels();
     m_numpad = new NumpadEntryImpl(field->m_valueEdit, field->window(), &units, isHex, 260, 380, realtimeUpdate,
                                    field->m_units.inDisplayUnit(field->m_lowerLimit),
                                    field->m_units.inDisplayUnit(field->m_upperLimit), field->m_precision);
