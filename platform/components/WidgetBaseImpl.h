@@ -43,7 +43,11 @@ typedef _objref_EngineAttribBase* EngineAttribBase_ptr;
   spinner), which the widget opens on DisplayEntryMechanism().
 
   Bound to an engine attribute it owns the reference and every DDS
-  subscription of the widget. A lost engine (a call that finds it gone or
+  subscription of the widget. A widget binds through bindAs<Link>(), which
+  checks the attribute's type name against the interfaces the widget takes,
+  narrows once and writes the widget's mismatch line; the link it returns
+  reads, sends and follows the attribute, and the frame keeps every link of
+  the widget, one per attribute, until the binding is released. A lost engine (a call that finds it gone or
   hung, or its topics falling silent) veils every bound widget, is told
   once in the status bar (EngineLink), and nothing calls the engine until
   the host binds again.
