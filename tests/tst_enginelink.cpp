@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QThreadPool>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -105,6 +106,8 @@ private slots:
     void binderFollowsAnEngineThatHangsAndGoesOn();
     void bindingAHungEngineLeavesTheInterfaceFree();
     void oversizedReplyIsNotALostEngine();
+    void silenceIsALossOnlyWhenTheEngineFailsTheCheck_data();
+    void silenceIsALossOnlyWhenTheEngineFailsTheCheck();
 
 private:
     bool startEngine(SimEngineProcess& engine, const QString& scenario = QStringLiteral(RV_TEST_DATA "/enginelink.json"))
@@ -129,6 +132,41 @@ void TestEngineLink::init()
     // Each case starts from a live link, as after a host's binding.
     EngineLink::instance()->reportLive();
     QTest::qWait(10);
+}
+
+void TestEngineLink::silenceIsALossOnlyWhenTheEngineFailsTheCheck_data()
+{
+    QTest::addColumn<bool>("withCheck");
+    QTest::addColumn<QString>("checkSays");
+    QTest::addColumn<bool>("lost");
+    // A killed engine's writer, still listed beside its successor's, falls silent: the engine answers.
+    QTest::newRow("engine answers") << true << QString() << false;
+    QTest::newRow("engine gone") << true << QStringLiteral("CORBA::TRANSIENT") << true;
+    QTest::newRow("nobody to ask") << false << QString() << true;
+}
+
+void TestEngineLink::silenceIsALossOnlyWhenTheEngineFailsTheCheck()
+{
+    QFETCH(bool, withCheck);
+    QFETCH(QString, checkSays);
+    QFETCH(bool, lost);
+    std::atomic<int> checks{0};
+    if (withCheck)
+        EngineLink::instance()->setSilenceCheck([&checks, checkSays] {
+            ++checks;
+            return checkSays;
+        });
+    // Every reader of the engine reports at once.
+    for (int reader = 0; reader < 5; ++reader)
+        EngineLink::instance()->reportSilence();
+    if (lost)
+        QTRY_VERIFY(EngineLink::instance()->isLost());
+    else
+        QTest::qWait(200);
+    QCOMPARE(EngineLink::instance()->isLost(), lost);
+    QVERIFY(checks <= 1);
+    EngineLink::instance()->setSilenceCheck({});
+    QThreadPool::globalInstance()->waitForDone();
 }
 
 void TestEngineLink::aLossVeilsBoundWidgetsAndStopsCalls()

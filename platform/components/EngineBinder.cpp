@@ -133,7 +133,10 @@ EngineBinder::EngineBinder(const QString& engineReference, QObject* parent)
     connect(EngineLink::instance(), &EngineLink::lost, this, &EngineBinder::engineLost);
 }
 
-EngineBinder::~EngineBinder() = default;
+EngineBinder::~EngineBinder()
+{
+    EngineLink::instance()->setSilenceCheck({});
+}
 
 void EngineBinder::addScreen(QWidget* screen)
 {
@@ -252,6 +255,8 @@ void EngineBinder::bindAll(EngineBinderAttempt& result)
     }
     m_bound = true;
     m_boundReference = result.referenceText;
+    // A silent topic is a lost engine only if the engine does not answer either.
+    EngineLink::instance()->setSilenceCheck([text = m_boundReference] { return askIfThere(text); });
     m_retry->stop();
     m_watch->start();
     emit bound(boundWidgets);

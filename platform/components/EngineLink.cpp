@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QtConcurrent>
 
 EngineLink::EngineLink()
 {
@@ -45,6 +46,35 @@ void EngineLink::reportLive()
     qDebug() << "UserInterface - engine link restored";
     QMetaObject::invokeMethod(this, [this, generation] { announce(false, QString(), generation); },
                               Qt::QueuedConnection);
+}
+
+void EngineLink::reportSilence()
+{
+    const QString silent = QStringLiteral("the engine's topics fell silent");
+    std::function<QString()> check;
+    {
+        QMutexLocker lock(&m_silenceCheckMutex);
+        check = m_silenceCheck;
+    }
+    if (!check) {
+        reportLost(silent);
+        return;
+    }
+    // Every reader of the engine notices at once: one question answers them all.
+    if (m_lost || m_checkingSilence.exchange(true))
+        return;
+    QtConcurrent::run([this, check, silent] {
+        const bool gone = !check().isEmpty();
+        m_checkingSilence = false;
+        if (gone)
+            reportLost(silent);
+    });
+}
+
+void EngineLink::setSilenceCheck(std::function<QString()> check)
+{
+    QMutexLocker lock(&m_silenceCheckMutex);
+    m_silenceCheck = std::move(check);
 }
 
 void EngineLink::announce(bool lost, const QString& reason, unsigned generation)

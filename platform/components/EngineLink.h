@@ -1,10 +1,12 @@
 #ifndef ENGINELINK_H
 #define ENGINELINK_H
 
+#include <QMutex>
 #include <QObject>
 #include <QString>
 
 #include <atomic>
+#include <functional>
 
 namespace CORBA {
 class Exception;
@@ -35,6 +37,18 @@ public:
     void reportLost(const QString& reason);
     //! The engine answers again. Safe from any thread.
     void reportLive();
+    /*!
+      A topic of the engine fell silent. That alone may be a killed engine's
+      writer, still listed for a while after a new engine took its place;
+      so when a check is set, the link is lost only if the engine fails it
+      too. Without a check, silence is a loss. Safe from any thread.
+    */
+    void reportSilence();
+    /*!
+      \a check asks the engine, on a worker, and returns why it is gone, or
+      an empty string when it answers. An empty function removes the check.
+    */
+    void setSilenceCheck(std::function<QString()> check);
 
     /*!
       The name of \a error if it means the engine is gone or hung (not
@@ -55,6 +69,9 @@ private:
     void announce(bool lost, const QString& reason, unsigned generation);
 
     std::atomic<bool> m_lost{false};
+    std::atomic<bool> m_checkingSilence{false};
+    QMutex m_silenceCheckMutex;
+    std::function<QString()> m_silenceCheck;
     // Counts changes, so that an announcement overtaken by a newer change is dropped.
     std::atomic<unsigned> m_generation{0};
 };

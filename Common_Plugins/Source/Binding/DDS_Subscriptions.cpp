@@ -23,8 +23,7 @@ Brenmoor::DDS_BaseObj* startSubscription(const char* topic, typename Brenmoor::D
     auto* subscription
         = new Brenmoor::DDS_Subscriber<T>(topic, std::move(callback), Brenmoor::updateSeparation(delayMs));
     // The engine's writers fall silent together when it dies or hangs.
-    subscription->setWritersLostHandler(
-        [] { EngineLink::instance()->reportLost(QStringLiteral("the engine's topics fell silent")); });
+    subscription->setWritersLostHandler([] { EngineLink::instance()->reportSilence(); });
     // Transient-local rather than volatile: a change between the binding read
     // and the reader's match would otherwise stay unseen until the next one.
     subscription->start(eprosima::fastdds::dds::TRANSIENT_LOCAL_DURABILITY_QOS);
