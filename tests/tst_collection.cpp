@@ -39,6 +39,12 @@ private slots:
     void verificationDataStatesThisQt();
     void pluginLoaderInAnotherProcess();
     void designerLoadsTheLibrary();
+    void designerLoadsTheInstalledPlugin();
+
+private:
+    //! Starts Qt Designer with QT_PLUGIN_PATH set to \a plugins and expects it
+    //! to load the collection from below \a root and live on.
+    void designerLoadsFrom(const QString& plugins, const QString& root);
 };
 
 namespace {
@@ -309,6 +315,26 @@ void TestCollection::pluginLoaderInAnotherProcess()
 
 void TestCollection::designerLoadsTheLibrary()
 {
+    // A link, not a copy: the library finds its dependencies from where it is.
+    QTemporaryDir plugins;
+    QVERIFY(QDir(plugins.path()).mkpath(QStringLiteral("designer")));
+    QVERIFY(QFile::link(QStringLiteral(RV_COLLECTION_LIBRARY),
+                        plugins.filePath(QStringLiteral("designer/librvuicommonplugins.so"))));
+    designerLoadsFrom(plugins.path(), QString());
+}
+
+void TestCollection::designerLoadsTheInstalledPlugin()
+{
+    // Designer's own plugin folder is the installed one, moved into a root
+    // that the package was unpacked to: no library path, no link of ours.
+    const QString root = qEnvironmentVariable("RV_INSTALLED_ROOT");
+    if (root.isEmpty())
+        QSKIP("the install_designer test runs this against an unpacked package");
+    designerLoadsFrom(qEnvironmentVariable("RV_INSTALLED_PLUGINS"), root);
+}
+
+void TestCollection::designerLoadsFrom(const QString& plugins, const QString& root)
+{
 #ifdef RV_SANITIZED
     QSKIP("Qt Designer is not instrumented: it cannot load a sanitised build of the library");
 #endif
@@ -318,17 +344,14 @@ void TestCollection::designerLoadsTheLibrary()
     if (designer.isEmpty())
         QSKIP("Qt Designer (qttools5-dev-tools) is not installed");
 
-    // A link, not a copy: the library finds its dependencies from where it is.
     QTemporaryDir home;
-    QVERIFY(QDir(home.path()).mkpath(QStringLiteral("plugins/designer")));
-    QVERIFY(QFile::link(QStringLiteral(RV_COLLECTION_LIBRARY),
-                        home.filePath(QStringLiteral("plugins/designer/librvuicommonplugins.so"))));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), home.filePath(QStringLiteral("plugins")));
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), plugins);
     environment.insert(QStringLiteral("QT_DEBUG_PLUGINS"), QStringLiteral("1"));
     environment.insert(QStringLiteral("HOME"), home.path());
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
+    environment.remove(QStringLiteral("LD_LIBRARY_PATH"));
 
     QProcess process;
     process.setProcessEnvironment(environment);
@@ -337,7 +360,8 @@ void TestCollection::designerLoadsTheLibrary()
     QVERIFY2(process.waitForStarted(10000), qPrintable(process.errorString()));
 
     QString output;
-    const QRegularExpression loaded(QStringLiteral("loaded library .*librvuicommonplugins"));
+    const QRegularExpression loaded(QStringLiteral("loaded library \"?") + QRegularExpression::escape(root)
+                                    + QStringLiteral(".*librvuicommonplugins"));
     QElapsedTimer waited;
     waited.start();
     while (!output.contains(loaded) && waited.elapsed() < 20000 && process.state() == QProcess::Running) {
