@@ -2,6 +2,7 @@
 #define DEMOUILOADER_H
 
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 #include <QUiLoader>
 
@@ -29,6 +30,8 @@ public:
 private:
     //! The library's collection entries by the class they make.
     QHash<QString, QDesignerCustomWidgetInterface*> m_libraryWidgets;
+    //! The classes of Qt and its designer plugins that QUiLoader makes.
+    QSet<QString> m_qtClasses;
     QStringList m_unknownClasses;
     QString m_error;
 };

@@ -1,9 +1,11 @@
-// The demo instrument: shows the widget library's screens live, bound to
-// the simulated engine, which it starts as a process of its own (or finds
-// through --engine-ior). With --render DIR it runs for --seconds, then
-// writes a PNG of each screen into DIR and exits, for machines without a
-// display. SIGTERM and SIGINT end it in order.
+// The demo instrument: shows the widget library's screens live, or a form
+// of the user's own (--form), bound to the simulated engine, which it
+// starts as a process of its own (or finds through --engine-ior). With
+// --render DIR it runs for --seconds, then writes a PNG of each screen into
+// DIR and exits, for machines without a display. SIGTERM and SIGINT end it
+// in order.
 #include "DDS_ParticipantHolder.h"
+#include "DemoOptions.h"
 #include "DemoUiLoader.h"
 #include "DemoWindow.h"
 #include "EngineBinder.h"
@@ -13,9 +15,8 @@
 #include "WidgetBaseImpl.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -25,14 +26,9 @@
 
 namespace {
 
-// The instrument's host copies these switches into application properties,
-// where the widgets read them.
-void copyStartupSwitches(const QStringList& arguments)
+void say(const QString& line)
 {
-    static const QStringList switches{"-systype", "-size", "-res", "-notransparency"};
-    for (int i = 1; i + 1 < arguments.size(); ++i)
-        if (switches.contains(arguments.at(i)))
-            qApp->setProperty(arguments.at(i).toLatin1().constData(), arguments.at(i + 1));
+    std::fprintf(stderr, "rv-demo: %s\n", qPrintable(line));
 }
 
 // A form marks a widget with the dynamic property "locked" to show how a
@@ -57,12 +53,12 @@ void touchMarkedToggles(QWidget* screen)
 
 // Where the engine's directory reference is: the IOR file of a running
 // engine, or that of a simulated engine started here on the scenario.
-QString engineReference(const QCommandLineParser& parser, SimEngineProcess& engine)
+QString engineReference(const DemoOptions& options, SimEngineProcess& engine)
 {
-    if (parser.isSet("engine-ior"))
-        return parser.value("engine-ior");
-    if (!engine.start(parser.value("scenario"))) {
-        std::fprintf(stderr, "rv-demo: the simulated engine did not start: %s\n", qPrintable(engine.errorString()));
+    if (!options.engineIorFile().isEmpty())
+        return options.engineIorFile();
+    if (!engine.start(options.scenario())) {
+        say(QStringLiteral("the simulated engine did not start: ") + engine.errorString());
         return QString();
     }
     return engine.iorFile();
@@ -90,64 +86,84 @@ void quitOnStopSignals(QApplication& app)
 
 bool renderScreens(DemoWindow& window, const QString& folder)
 {
-    if (!QDir().mkpath(folder))
+    if (!QDir().mkpath(folder)) {
+        say(QStringLiteral("cannot create %1").arg(folder));
         return false;
+    }
     for (int i = 0; i < window.screenCount(); ++i) {
         window.showScreen(i);
         const QString file = QDir(folder).filePath(window.screenTitle(i).toLower() + QStringLiteral(".png"));
-        if (!window.grab().save(file))
+        if (!window.grab().save(file)) {
+            say(QStringLiteral("cannot write %1").arg(file));
             return false;
+        }
         std::printf("rv-demo: wrote %s\n", qPrintable(file));
     }
     return true;
+}
+
+// Loaded before any engine is started or asked: a form that cannot be shown ends the demo at once.
+bool addScreens(const QStringList& files, DemoUiLoader& loader, DemoWindow& window, QList<QWidget*>& screens)
+{
+    for (const QString& file : files) {
+        QWidget* screen = loader.loadForm(file, nullptr);
+        if (!screen) {
+            say(loader.errorString());
+            return false;
+        }
+        screens << screen;
+        window.addScreen(screen->windowTitle().isEmpty() ? QFileInfo(file).baseName() : screen->windowTitle(), screen);
+    }
+    return true;
+}
+
+int printHelp(int argc, char* argv[])
+{
+    const QCoreApplication app(argc, argv);
+    std::fputs(qPrintable(DemoOptions(app.arguments()).helpText()), stdout);
+    return 0;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    // The usage is printed without a window system, so it reads the same on a machine without a display.
+    if (DemoOptions::asksForHelp(argc, argv))
+        return printHelp(argc, argv);
     Brenmoor::DDS_ParticipantHolder::removeSegmentsOfDeadProcesses();
     QApplication app(argc, argv);
     quitOnStopSignals(app);
-    copyStartupSwitches(app.arguments());
-
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    parser.addOption({"render", "Write a PNG of each screen into <folder> and exit.", "folder"});
-    parser.addOption({"seconds", "Run this long before rendering.", "seconds", "3"});
-    parser.addOption({"forms", "Folder of .ui forms to show instead of the built-in ones.", "folder"});
-    parser.addOption({"scenario", "Scenario of the simulated engine.", "file", RV_DEMO_SCENARIO});
-    parser.addOption({"engine-ior", "Use the running engine whose directory IOR is in <file>.", "file"});
-    // Host switches such as "-systype handheld" are not ours to parse.
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.parse(app.arguments());
-
-    SimEngineProcess engine;
-    const QString reference = engineReference(parser, engine);
-    if (reference.isEmpty())
-        return 1;
+    const DemoOptions options(app.arguments());
+    if (!options.error().isEmpty()) {
+        say(options.error());
+        return 2;
+    }
+    options.applyStartupSwitches();
 
     DemoWindow window;
+    // Every status message goes to the log too, for runs nobody watches.
+    QObject::connect(window.statusBar(), &QRVStatusBar::messageAdded, [](const QString& text) {
+        say(QStringLiteral("status: ") + text);
+    });
     DemoUiLoader loader;
     QList<QWidget*> screens;
+    if (!addScreens(options.formFiles(), loader, window, screens))
+        return 1;
+
+    SimEngineProcess engine;
+    const QString reference = engineReference(options, engine);
+    if (reference.isEmpty())
+        return 1;
     // Bound off the interface thread: the window shows at once, even with the engine gone.
     EngineBinder binder(reference);
-    QObject::connect(&binder, &EngineBinder::problem, &window, [&window](const QString& problem) {
-        std::fprintf(stderr, "rv-demo: %s\n", qPrintable(problem));
+    bool problemShown = false;
+    QObject::connect(&binder, &EngineBinder::problem, &window, [&](const QString& problem) {
+        problemShown = true;
         window.statusBar()->addMessage(problem);
     });
-    const QString forms = parser.isSet("forms") ? parser.value("forms") : QStringLiteral(":/demo/forms");
-    const QStringList files = QDir(forms).entryList({QStringLiteral("*.ui")}, QDir::Files, QDir::Name);
-    for (const QString& file : files) {
-        QWidget* screen = loader.loadForm(QDir(forms).filePath(file), nullptr);
-        if (!screen) {
-            std::fprintf(stderr, "rv-demo: %s\n", qPrintable(loader.errorString()));
-            return 1;
-        }
-        screens << screen;
+    for (QWidget* screen : qAsConst(screens))
         binder.addScreen(screen);
-        window.addScreen(screen->windowTitle().isEmpty() ? QFileInfo(file).baseName() : screen->windowTitle(), screen);
-    }
     bool firstBinding = true;
     QObject::connect(&binder, &EngineBinder::bound, &window, [&](int) {
         for (QWidget* screen : qAsConst(screens))
@@ -155,18 +171,19 @@ int main(int argc, char* argv[])
         if (!firstBinding)
             return;
         firstBinding = false;
-        window.statusBar()->addMessage(QStringLiteral("Demo instrument ready"));
-        if (parser.isSet("render"))
+        // The ready note must not cover a problem the operator has to read.
+        if (!problemShown)
+            window.statusBar()->addMessage(QStringLiteral("Demo instrument ready"));
+        if (!options.renderFolder().isEmpty())
             for (QWidget* screen : qAsConst(screens))
                 touchMarkedToggles(screen);
     });
     window.show();
 
-    if (parser.isSet("render")) {
-        const int seconds = parser.value("seconds").toInt();
-        QTimer::singleShot(seconds * 1000, &app, [&] {
-            app.exit(renderScreens(window, parser.value("render")) ? 0 : 1);
+    if (!options.renderFolder().isEmpty())
+        QTimer::singleShot(options.seconds() * 1000, &app, [&] {
+            app.exit(renderScreens(window, options.renderFolder()) ? 0 : 1);
         });
-    }
     return app.exec();
 }
+

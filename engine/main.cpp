@@ -14,6 +14,7 @@
 #include <QSaveFile>
 
 #include <csignal>
+#include <cstdlib>
 #include <iostream>
 #include <pthread.h>
 #include <sys/prctl.h>
@@ -32,18 +33,25 @@ struct Options
 Options parseOptions(const QCoreApplication& app)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Simulated measurement engine"));
+    parser.setApplicationDescription(
+        QStringLiteral("Simulated measurement engine: serves the attributes of a scenario over CORBA and DDS "
+                       "until SIGTERM, SIGINT or its control object's quit()."));
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("scenario"), QStringLiteral("JSON file of the attributes to serve"));
-    parser.addOption({QStringLiteral("ior-file"), QStringLiteral("Write the attribute directory's IOR here."),
+    parser.addPositionalArgument(QStringLiteral("scenario"),
+                                 QStringLiteral("JSON file of the attributes to serve (demo/scenario.json is one)."));
+    parser.addOption({QStringLiteral("ior-file"),
+                      QStringLiteral("Write the IOR of the attribute directory, which hosts bind through, into <file>."),
                       QStringLiteral("file")});
-    parser.addOption({QStringLiteral("control-ior-file"), QStringLiteral("Write the control object's IOR here."),
+    parser.addOption({QStringLiteral("control-ior-file"),
+                      QStringLiteral("Write the IOR of the control object, which drives the simulation, into <file>."),
                       QStringLiteral("file")});
-    parser.addOption({QStringLiteral("parent-pid"), QStringLiteral("End when the process of this id ends."),
+    parser.addOption({QStringLiteral("parent-pid"), QStringLiteral("End when the process <pid> ends."),
                       QStringLiteral("pid")});
     parser.process(app);
-    if (parser.positionalArguments().size() != 1)
-        parser.showHelp(2);
+    if (parser.positionalArguments().size() != 1) {
+        std::cerr << "rv-sim-engine: give one scenario file (see --help)" << std::endl;
+        std::exit(2);
+    }
     return {parser.positionalArguments().constFirst(), parser.value(QStringLiteral("ior-file")),
             parser.value(QStringLiteral("control-ior-file")), parser.value(QStringLiteral("parent-pid")).toLongLong()};
 }

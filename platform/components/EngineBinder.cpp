@@ -16,6 +16,15 @@
 
 #include <vector>
 
+//! A widget of a pass, the names it takes and, once looked up, their references.
+struct EngineBinding
+{
+    QPointer<WidgetBaseImpl> widget;
+    QPointer<QWidget> screen;
+    QStringList names;
+    std::vector<Brenmoor::EngineReadingBase_var> references;  // nil for a name the engine does not know
+};
+
 /*
   One pass of the binder: the widgets to bind and the names each takes,
   filled in on a worker with the engine's references, or the reason the
@@ -23,15 +32,7 @@
 */
 struct EngineBinderAttempt
 {
-    struct Binding
-    {
-        QPointer<WidgetBaseImpl> widget;
-        QPointer<QWidget> screen;
-        QStringList names;
-        std::vector<Brenmoor::EngineReadingBase_var> references;  // nil for a name the engine does not know
-    };
-
-    std::vector<Binding> bindings;
+    std::vector<EngineBinding> bindings;
     //! The reference the look-up used, as read from the host's file or text.
     QString referenceText;
     QString lossReason;
@@ -67,7 +68,7 @@ void lookUp(EngineBinderAttempt& attempt, const QString& reference)
             attempt.lossReason = QStringLiteral("no attribute directory at the engine reference");
             return;
         }
-        for (EngineBinderAttempt::Binding& binding : attempt.bindings)
+        for (EngineBinding& binding : attempt.bindings)
             for (const QString& name : qAsConst(binding.names)) {
                 try {
                     binding.references.emplace_back(directory->find(name.toUtf8().constData()));
@@ -111,6 +112,15 @@ void registerSelectors(QWidget* screen, QWidget* widget)
         if (QWidget* selector = name.isEmpty() || !screen ? nullptr : screen->findChild<QWidget*>(name))
             QMetaObject::invokeMethod(widget, kind[1], Q_ARG(QWidget*, selector));
     }
+}
+
+QString unknownAttributesText(const QStringList& names)
+{
+    QStringList quoted;
+    for (const QString& name : names)
+        quoted << QLatin1Char('"') + name + QLatin1Char('"');
+    return QStringLiteral("the engine has no attribute%1 %2")
+        .arg(names.size() > 1 ? QStringLiteral("s") : QString(), quoted.join(QStringLiteral(", ")));
 }
 
 bool needsBinding(const WidgetBaseImpl* widget)
@@ -211,48 +221,24 @@ void EngineBinder::bindAll(EngineBinderAttempt& result)
     // The engine has just answered the look-up.
     EngineLink::instance()->reportLive();
     int boundWidgets = 0;
-    for (EngineBinderAttempt::Binding& binding : result.bindings) {
-        WidgetBaseImpl* widget = binding.widget;
-        if (!widget)
+    QStringList unknownNames;
+    for (EngineBinding& binding : result.bindings) {
+        if (!binding.widget)
             continue;
         // A widget's own call found the engine gone (its failures stay
         // inside it): nothing more is asked of the engine in this pass.
-        if (EngineLink::instance()->isLost()) {
-            showLoss(result, QStringLiteral("lost while binding"));
+        const QString loss = EngineLink::instance()->isLost() ? QStringLiteral("lost while binding")
+                                                               : bindWidget(binding, unknownNames);
+        if (!loss.isEmpty()) {
+            showLoss(result, loss);
             return;
         }
-        if (widget->isBindingAttempted())
-            widget->releaseBinding();
-        else
-            applySizeWord(widget);
-        for (int i = 0; i < binding.names.size(); ++i) {
-            const QString& name = binding.names.at(i);
-            if (CORBA::is_nil(binding.references[size_t(i)])) {
-                emit problem(QStringLiteral("the engine has no attribute \"%1\"").arg(name));
-                if (i == 0)
-                    widget->bindingFailed(QStringLiteral("no such attribute"));
-                continue;
-            }
-            // The widget takes its reference; this one answers whether the engine still does.
-            const CORBA::Object_var reference = CORBA::Object::_duplicate(binding.references[size_t(i)].in());
-            try {
-                // A multi-column table takes one attribute per call.
-                widget->bindAttribute(binding.references[size_t(i)]._retn());
-                if (i > 0)
-                    QMetaObject::invokeMethod(widget, "setColumnHeading", Q_ARG(QString, name), Q_ARG(long, i));
-            } catch (const CORBA::Exception& error) {
-                if (const char* reason = EngineLink::lossReason(error, reference)) {
-                    // Gone under this pass: nothing more is asked of it.
-                    showLoss(result, QString::fromLatin1(reason));
-                    return;
-                }
-                emit problem(QStringLiteral("binding \"%1\" failed: %2").arg(name, QString::fromLatin1(error._name())));
-                widget->bindingFailed(QString::fromLatin1(error._name()));
-            }
-        }
-        registerSelectors(binding.screen, widget);
+        registerSelectors(binding.screen, binding.widget);
         ++boundWidgets;
     }
+    // One message for the whole pass: a form full of misspelt names must not bury the status bar.
+    if (!unknownNames.isEmpty())
+        emit problem(unknownAttributesText(unknownNames));
     m_bound = true;
     m_boundReference = result.referenceText;
     // A silent topic is a lost engine only if the engine does not answer either.
@@ -262,13 +248,47 @@ void EngineBinder::bindAll(EngineBinderAttempt& result)
     emit bound(boundWidgets);
 }
 
+QString EngineBinder::bindWidget(EngineBinding& binding, QStringList& unknownNames)
+{
+    WidgetBaseImpl* widget = binding.widget;
+    if (widget->isBindingAttempted())
+        widget->releaseBinding();
+    else
+        applySizeWord(widget);
+    for (int i = 0; i < binding.names.size(); ++i) {
+        const QString& name = binding.names.at(i);
+        if (CORBA::is_nil(binding.references[size_t(i)])) {
+            if (!unknownNames.contains(name))
+                unknownNames << name;
+            if (i == 0)
+                widget->bindingFailed(QStringLiteral("no such attribute"));
+            continue;
+        }
+        // The widget takes its reference; this one answers whether the engine still does.
+        const CORBA::Object_var reference = CORBA::Object::_duplicate(binding.references[size_t(i)].in());
+        try {
+            // A multi-column table takes one attribute per call.
+            widget->bindAttribute(binding.references[size_t(i)]._retn());
+            if (i > 0)
+                QMetaObject::invokeMethod(widget, "setColumnHeading", Q_ARG(QString, name), Q_ARG(long, i));
+        } catch (const CORBA::Exception& error) {
+            // Gone under this pass: nothing more is asked of it.
+            if (const char* reason = EngineLink::lossReason(error, reference))
+                return QString::fromLatin1(reason);
+            emit problem(QStringLiteral("binding \"%1\" failed: %2").arg(name, QString::fromLatin1(error._name())));
+            widget->bindingFailed(QString::fromLatin1(error._name()));
+        }
+    }
+    return QString();
+}
+
 void EngineBinder::showLoss(const EngineBinderAttempt& result, const QString& reason)
 {
     m_bound = false;
     m_watch->stop();
     EngineLink::instance()->reportLost(reason);
     // Widgets the pass did not reach show the loss too: none acts on its own.
-    for (const EngineBinderAttempt::Binding& binding : result.bindings)
+    for (const EngineBinding& binding : result.bindings)
         if (binding.widget && !binding.widget->isEngineLinkLost())
             binding.widget->bindingFailed(reason);
     m_retry->start();

@@ -12,6 +12,7 @@ class QTimer;
 class QWidget;
 class WidgetBaseImpl;
 struct EngineBinderAttempt;
+struct EngineBinding;
 
 /*!
   Binds the widgets of a host's screens to the engine by their
@@ -59,7 +60,10 @@ public:
 signals:
     //! After each pass that bound the widgets; \a widgets counts those bound.
     void bound(int widgets);
-    //! Something the host should tell the operator: a name the engine does not know, a refused binding.
+    /*!
+      Something the host should tell the operator: a refused binding, or
+      the names the engine does not know, all of a pass in one message.
+    */
     void problem(const QString& text);
 
 private:
@@ -67,6 +71,8 @@ private:
     std::shared_ptr<EngineBinderAttempt> widgetsToBind() const;
     void finishAttempt(const std::shared_ptr<EngineBinderAttempt>& result);
     void bindAll(EngineBinderAttempt& result);
+    //! Adds the names the engine does not know; returns why the engine is lost, if it is.
+    QString bindWidget(EngineBinding& binding, QStringList& unknownNames);
     void showLoss(const EngineBinderAttempt& result, const QString& reason);
     void engineLost();
     void watch();
