@@ -2,6 +2,8 @@
 
 #include "DDS_ParticipantHolder.h"
 
+#include <fastdds/dds/domain/DomainParticipantFactory.hpp>
+
 #include <condition_variable>
 #include <cstdlib>
 #include <deque>
@@ -47,8 +49,11 @@ private:
     DisposalThread()
     {
         std::thread([this] { run(); }).detach();
-        // Made after the participant, so this runs before Fast DDS's own
-        // teardown at exit, which must not meet a deletion under way.
+        // The drain must run before Fast DDS's own teardown at exit, which
+        // must not meet a deletion, or a set-up still under way: Fast DDS's
+        // singletons are made first, so that they are destroyed after it.
+        // A host may end right after binding, before any set-up made them.
+        eprosima::fastdds::dds::DomainParticipantFactory::get_instance();
         std::atexit([] { instance().drainAtExit(); });
     }
 

@@ -1,15 +1,40 @@
 // rv-host: makes a widget of the installed library, binds it as a host
 // that found no attribute would, paints it, and makes every widget of the
-// designer collection. Prints what is missing and exits non-zero.
-#include "ProgressBar.h"
+// designer collection. Given an engine's reference file, it also binds a
+// bar to the engine's "Stage" and waits for the engine's value (25 %).
+// Prints what is missing and exits non-zero.
 #include "Brenmoor.hh"
+#include "EngineBinder.h"
+#include "ProgressBar.h"
 #include "RuvellWidgets.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QPixmap>
+#include <QProgressBar>
 
 #include <cstdio>
+
+namespace {
+
+// True once the bar bound to the engine's "Stage" shows its 25 %.
+bool followsTheEngine(const QString& engineReference)
+{
+    QWidget screen;
+    auto* live = new ProgressBar(&screen);
+    live->setAttributeName(QStringLiteral("Stage"));
+    EngineBinder binder(engineReference);
+    binder.addScreen(&screen);
+    const QProgressBar* shown = live->findChild<QProgressBar*>();
+    QElapsedTimer waited;
+    waited.start();
+    while (shown->value() != 250 && waited.elapsed() < 10000)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return shown->value() == 250;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -39,5 +64,7 @@ int main(int argc, char** argv)
         expect(widget && entry->name() == QLatin1String(widget->metaObject()->className()),
                qPrintable(QStringLiteral("no %1 from the collection").arg(entry->name())));
     }
+    if (argc > 1)
+        expect(followsTheEngine(QString::fromLocal8Bit(argv[1])), "the bar never showed the engine's value");
     return faults == 0 ? 0 : 1;
 }
