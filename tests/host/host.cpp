@@ -1,8 +1,9 @@
 // rv-host: makes a widget of the installed library, binds it as a host
 // that found no attribute would, paints it, and makes every widget of the
-// designer collection. Given an engine's reference file, it also binds a
-// bar to the engine's "Stage" and waits for the engine's value (25 %).
-// Prints what is missing and exits non-zero.
+// designer collection. Given a form and an engine's reference file, it
+// loads the form as a host does, through QUiLoader and the installed
+// Designer plugin, binds it with EngineBinder, and waits for the engine's
+// value of "Stage" (42 %). Prints what is missing and exits non-zero.
 #include "Brenmoor.hh"
 #include "EngineBinder.h"
 #include "ProgressBar.h"
@@ -13,25 +14,30 @@
 #include <QFile>
 #include <QPixmap>
 #include <QProgressBar>
+#include <QUiLoader>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
-// True once the bar bound to the engine's "Stage" shows its 25 %.
-bool followsTheEngine(const QString& engineReference)
+// True once the form's bar bound to "Stage" shows the engine's 42 %.
+bool formFollowsTheEngine(const QString& formFile, const QString& engineReference)
 {
-    QWidget screen;
-    auto* live = new ProgressBar(&screen);
-    live->setAttributeName(QStringLiteral("Stage"));
+    QFile file(formFile);
+    QUiLoader loader;
+    const std::unique_ptr<QWidget> screen(file.open(QIODevice::ReadOnly) ? loader.load(&file) : nullptr);
+    const auto* stage = screen ? screen->findChild<ProgressBar*>(QStringLiteral("stage")) : nullptr;
+    if (!stage)
+        return false;
     EngineBinder binder(engineReference);
-    binder.addScreen(&screen);
-    const QProgressBar* shown = live->findChild<QProgressBar*>();
+    binder.addScreen(screen.get());
+    const QProgressBar* shown = stage->findChild<QProgressBar*>();
     QElapsedTimer waited;
     waited.start();
-    while (shown->value() != 250 && waited.elapsed() < 10000)
+    while (shown->value() != 420 && waited.elapsed() < 10000)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    return shown->value() == 250;
+    return shown->value() == 420;
 }
 
 } // namespace
@@ -64,7 +70,8 @@ int main(int argc, char** argv)
         expect(widget && entry->name() == QLatin1String(widget->metaObject()->className()),
                qPrintable(QStringLiteral("no %1 from the collection").arg(entry->name())));
     }
-    if (argc > 1)
-        expect(followsTheEngine(QString::fromLocal8Bit(argv[1])), "the bar never showed the engine's value");
+    if (argc > 2)
+        expect(formFollowsTheEngine(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2])),
+               "the form's bar never showed the engine's value");
     return faults == 0 ? 0 : 1;
 }
