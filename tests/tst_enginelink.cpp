@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QThreadPool>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -154,6 +155,8 @@ void TestEngineLink::silenceIsALossOnlyWhenTheEngineFailsTheCheck()
     if (withCheck)
         EngineLink::instance()->setSilenceCheck([&checks, checkSays] {
             ++checks;
+            // As long as a question to the engine takes: the other reports come meanwhile.
+            QThread::msleep(100);
             return checkSays;
         });
     // Every reader of the engine reports at once.
@@ -164,7 +167,7 @@ void TestEngineLink::silenceIsALossOnlyWhenTheEngineFailsTheCheck()
     else
         QTest::qWait(200);
     QCOMPARE(EngineLink::instance()->isLost(), lost);
-    QVERIFY(checks <= 1);
+    QCOMPARE(checks.load(), withCheck ? 1 : 0);
     EngineLink::instance()->setSilenceCheck({});
     QThreadPool::globalInstance()->waitForDone();
 }
