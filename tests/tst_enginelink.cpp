@@ -107,6 +107,7 @@ private slots:
     void binderFollowsAnEngineThatHangsAndGoesOn();
     void bindingAHungEngineLeavesTheInterfaceFree();
     void oversizedReplyIsNotALostEngine();
+    void unknownNameSaysSoOnItsVeil();
     void silenceIsALossOnlyWhenTheEngineFailsTheCheck_data();
     void silenceIsALossOnlyWhenTheEngineFailsTheCheck();
 
@@ -133,6 +134,36 @@ void TestEngineLink::init()
     // Each case starts from a live link, as after a host's binding.
     EngineLink::instance()->reportLive();
     QTest::qWait(10);
+}
+
+void TestEngineLink::unknownNameSaysSoOnItsVeil()
+{
+    SimEngineProcess engine;
+    QVERIFY(startEngine(engine));
+    QWidget screen;
+    screen.resize(320, 130);
+    auto* layout = new QVBoxLayout(&screen);
+    auto* known = new ProgressBar;
+    known->setAttributeName(QStringLiteral("Stage"));
+    layout->addWidget(known);
+    auto* unknown = new ProgressBar;
+    unknown->setAttributeName(QStringLiteral("Nope"));
+    layout->addWidget(unknown);
+    EngineBinder binder(engine.iorFile());
+    QSignalSpy problems(&binder, &EngineBinder::problem);
+    QSignalSpy bound(&binder, &EngineBinder::bound);
+    binder.addScreen(&screen);
+    QTRY_COMPARE_WITH_TIMEOUT(bound.count(), 1, 10000);
+
+    // Not a lost engine: the one widget says what is wrong with it.
+    const auto* overlay = unknown->findChild<QPushButton*>(QStringLiteral("LockOverlay"));
+    QVERIFY(!overlay->isHidden());
+    QCOMPARE(overlay->text(), QStringLiteral("No such attribute"));
+    QVERIFY(!veiled(known));
+    QVERIFY(!EngineLink::instance()->isLost());
+    QCOMPARE(problems.count(), 1);
+    QVERIFY(problems.first().first().toString().contains(QStringLiteral("\"Nope\"")));
+    TestSupport::savePng(&screen, QStringLiteral("enginelink_unknown_name"));
 }
 
 void TestEngineLink::silenceIsALossOnlyWhenTheEngineFailsTheCheck_data()

@@ -261,7 +261,7 @@ QString EngineBinder::bindWidget(EngineBinding& binding, QStringList& unknownNam
             if (!unknownNames.contains(name))
                 unknownNames << name;
             if (i == 0)
-                widget->bindingFailed(QStringLiteral("no such attribute"));
+                widget->attributeUnknown();
             continue;
         }
         // The widget takes its reference; this one answers whether the engine still does.

@@ -147,7 +147,7 @@ void WidgetBaseImpl::noteBindingAttempt(Brenmoor::EngineReadingBase_ptr attr)
     // A host that binds means the engine is there; a call that finds it gone says so again.
     EngineLink::instance()->reportLive();
     if (m_engineLinkLost.exchange(false))
-        WidgetFrame::showEngineLinkVeil(m_lockOverlay, false, QString());
+        WidgetFrame::showEngineLinkVeil(m_lockOverlay, QString(), QString());
 }
 
 bool WidgetBaseImpl::isBindingAttempted() const
@@ -282,16 +282,28 @@ void WidgetBaseImpl::markEngineLinkLost(const QString& reason)
         this,
         [this, reason] {
             // A binding may have come in between.
-            if (!m_engineLinkLost)
-                return;
-            WidgetFrame::showEngineLinkVeil(m_lockOverlay, true, reason);
-            // An open keypad or list would go on sending to an engine that is gone.
-            if (m_locked) {
-                emit CloseEntryMechanism();
-                releaseLock();
-            }
+            if (m_engineLinkLost)
+                showUnbound(QCoreApplication::translate("WidgetBaseImpl", "No engine link"), reason);
         },
         Qt::QueuedConnection);
+}
+
+void WidgetBaseImpl::attributeUnknown()
+{
+    m_bindingAttempted = true;
+    m_engineLinkLost = true;
+    showUnbound(QCoreApplication::translate("WidgetBaseImpl", "No such attribute"),
+                QStringLiteral("the engine has no attribute \"%1\"").arg(m_attributeName));
+}
+
+void WidgetBaseImpl::showUnbound(const QString& text, const QString& reason)
+{
+    WidgetFrame::showEngineLinkVeil(m_lockOverlay, text, reason);
+    // An open keypad or list would go on sending to an engine that cannot take it.
+    if (m_locked) {
+        emit CloseEntryMechanism();
+        releaseLock();
+    }
 }
 
 WidgetBaseImpl::EngineCall WidgetBaseImpl::callEngine(const std::function<void()>& call, QString* failure)

@@ -120,6 +120,11 @@ public:
     virtual void releaseBinding();
     //! A host could not bind the widget: it shows the disconnected look and acts on nothing.
     void bindingFailed(const QString& reason);
+    /*!
+      The engine has no attribute of the widget's name: the widget says so
+      on its veil and acts on nothing, until a binding lifts it.
+    */
+    void attributeUnknown();
 
     //! How an engine call ended.
     enum class EngineCall
@@ -245,6 +250,8 @@ private:
     void dds_lock_callback(const char* topic);
     void followEngineLoss(const QString& reason);
     void markEngineLinkLost(const QString& reason);
+    //! Veils the widget with \a text, \a reason in its tool tip, and gives back its entry mechanism.
+    void showUnbound(const QString& text, const QString& reason);
     std::vector<Brenmoor::DDS_BaseObj*> retireSubscriptions();
     //! Waits until no delivery runs, handling the widget's and its parts' pending meta-calls meanwhile.
     void awaitDeliveries(const std::vector<Brenmoor::DDS_BaseObj*>& subscriptions,

@@ -3,7 +3,6 @@
 #include "CSS.h"
 #include "GlobalImpl.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -38,12 +37,13 @@ QString lockOverlayStyle(bool withLockImage)
                           "    border: none;    font: bold 20px;    color: #fff;}");
 }
 
-void showEngineLinkVeil(QPushButton* overlay, bool lost, const QString& reason)
+void showEngineLinkVeil(QPushButton* overlay, const QString& text, const QString& reason)
 {
-    overlay->setStyleSheet(lost ? engineLinkLostStyle() : lockOverlayStyle(false));
-    overlay->setText(lost ? QCoreApplication::translate("WidgetBaseImpl", "No engine link") : QString());
+    const bool veiled = !text.isEmpty();
+    overlay->setStyleSheet(veiled ? engineLinkLostStyle() : lockOverlayStyle(false));
+    overlay->setText(text);
     overlay->setToolTip(reason);
-    showLockOverlay(overlay, lost);
+    showLockOverlay(overlay, veiled);
 }
 
 QString engineLinkLostStyle()

@@ -26,8 +26,8 @@ void showLockOverlay(QPushButton* overlay, bool locked);
 
 //! The overlay's style sheet once the engine link is lost.
 QString engineLinkLostStyle();
-//! Covers the owner with the "No engine link" veil, or lifts it.
-void showEngineLinkVeil(QPushButton* overlay, bool lost, const QString& reason);
+//! Covers the owner with a veil that says \a text ("No engine link"), or lifts it for an empty text.
+void showEngineLinkVeil(QPushButton* overlay, const QString& text, const QString& reason);
 
 //! Asks GlobalImpl for the entry mechanism; true if \a widget holds it now.
 bool takeEntryMechanism(QWidget* widget);
