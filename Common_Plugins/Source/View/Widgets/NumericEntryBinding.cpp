@@ -218,15 +218,13 @@ void NumericEntryBinding::noteEntry()
 // The operator's text as the engine takes it: in the base unit, whole numbers cut.
 double NumericEntryBinding::enteredNumber(const NumericLink* number, const QString& text) const
 {
-    const Units display = m_field->getDisplayUnit();
-    const Units base = m_field->getBaseUnit();
     switch (number->number()) {
     case NumericLink::Number::Long:
         return double(text.toLong(nullptr, m_field->m_isHex ? 16 : 10));
     case NumericLink::Number::ValueLong:
-        return std::trunc(ValueHelper::convertValue(long(text.toDouble()), display, base));
+        return std::trunc(m_field->m_units.inBaseUnit(double(long(text.toDouble()))));
     case NumericLink::Number::ValueDouble:
-        return ValueHelper::convertValue(text.toDouble(), display, base);
+        return m_field->m_units.inBaseUnit(text.toDouble());
     default:
         return text.toDouble();
     }

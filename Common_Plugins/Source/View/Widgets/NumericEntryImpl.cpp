@@ -490,7 +490,7 @@ void NumericEntryImpl::enterValue()
     const NumericLink* number = link<NumericLink>();
     if (!number || !number->isSettable()) {
         const double entered = text.toDouble();
-        m_value = ValueHelper::convertValue(entered, getDisplayUnit(), getBaseUnit());
+        m_value = m_units.inBaseUnit(entered);
         updateReading(entered);
     } else {
         m_binding.enter(number, text);

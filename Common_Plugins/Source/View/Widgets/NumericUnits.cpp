@@ -131,6 +131,12 @@ double NumericUnits::inDisplayUnit(double value) const
     return ValueHelper::convertValue(value, m_baseUnit, m_displayUnit);
 }
 
+double NumericUnits::inBaseUnit(double value) const
+{
+    QMutexLocker lock(&m_unitMutex);
+    return ValueHelper::convertValue(value, m_displayUnit, m_baseUnit);
+}
+
 NumericUnits::ForSend NumericUnits::forSend() const
 {
     QMutexLocker lock(&m_unitMutex);

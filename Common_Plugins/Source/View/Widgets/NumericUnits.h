@@ -65,6 +65,8 @@ public:
     double converted(double value, const Kelvane::Value::Units& to) const;
     //! \a value in the base unit, as the display unit reads it.
     double inDisplayUnit(double value) const;
+    //! \a value in the display unit, as the base unit reads it.
+    double inBaseUnit(double value) const;
     ForSend forSend() const;
 
     void setBroadcastUnit(const QString& description);
