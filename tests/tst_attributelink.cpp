@@ -385,6 +385,15 @@ void TestAttributeLink::linksLiveUntilTheBindingIsReleased()
     probe.releaseBinding();
     QVERIFY(!probe.link<NumericLink>());
     QVERIFY(!probe.link<NumericLink>(0));
+
+    // A new binding starts afresh: one to an attribute the widget does not
+    // take leaves no link, and nothing goes to the attribute bound before.
+    probe.bindAttribute(Brenmoor::EngineReadingBase::_duplicate(first));
+    QVERIFY(probe.bindAs<NumericLink>(first, NumericLink::AnyNumber, nullptr));
+    const Brenmoor::EngineReadingBase_var other = attribute("Switch");
+    probe.bindAttribute(Brenmoor::EngineReadingBase::_duplicate(other));
+    QVERIFY(!probe.bindAs<NumericLink>(other, NumericLink::AnyNumber, nullptr));
+    QVERIFY(!probe.link<NumericLink>());
 }
 
 QTEST_MAIN(TestAttributeLink)

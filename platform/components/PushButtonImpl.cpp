@@ -51,15 +51,15 @@ void PushButtonImpl::retranslate()
 void PushButtonImpl::buttonClicked()
 {
     emit clicked();
-    if (m_commandBound)
-        sendOnWorker([this, command = link<CommandLink>()] { sendCommand(command); });
+    if (const CommandLink* command = link<CommandLink>())
+        sendOnWorker([this, command] { sendCommand(command); });
 }
 
 void PushButtonImpl::bindAttribute(Brenmoor::EngineReadingBase_ptr attr)
 {
     WidgetBaseImpl::bindAttribute(attr);
-    m_commandBound = bindAs<CommandLink>(attr, CommandLink::AttribBoolean | CommandLink::AttribLong,
-                                         ">>>>>Expected Boolean/Long type but received: %s (%s)");
+    bindAs<CommandLink>(attr, CommandLink::AttribBoolean | CommandLink::AttribLong,
+                        ">>>>>Expected Boolean/Long type but received: %s (%s)");
 }
 
 void PushButtonImpl::sendCommand(const CommandLink* command)

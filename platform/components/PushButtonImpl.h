@@ -51,7 +51,6 @@ private:
     QPushButton* m_button = nullptr;
     QString m_buttonText;
     //! The interface commanded on a press; empty while unbound.
-    bool m_commandBound = false;
 };
 
 } // namespace gui

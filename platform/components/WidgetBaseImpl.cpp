@@ -18,6 +18,7 @@
 #include <boost/bind/bind.hpp>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace boost::placeholders;
 
@@ -137,6 +138,10 @@ void WidgetBaseImpl::takeAttribute(Brenmoor::EngineReadingBase_ptr attr)
     QMutexLocker lock(&m_attributeMutex);
     releaseAttribute();
     m_attribute = attr;
+    // A new binding's links are the widget's from now on; sends still
+    // running may use the earlier ones until the binding is released.
+    std::move(m_links.begin(), m_links.end(), std::back_inserter(m_earlierLinks));
+    m_links.clear();
 }
 
 void WidgetBaseImpl::noteBindingAttempt(Brenmoor::EngineReadingBase_ptr attr)
@@ -167,6 +172,7 @@ void WidgetBaseImpl::releaseBinding()
     QMutexLocker lock(&m_attributeMutex);
     releaseAttribute();
     m_links.clear();
+    m_earlierLinks.clear();
 }
 
 void WidgetBaseImpl::releaseAttribute()

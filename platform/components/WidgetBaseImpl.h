@@ -199,11 +199,10 @@ protected:
         return static_cast<Link*>(addLink(Link::family, attr, accepted, mismatchLine));
     }
     /*!
-      The link bound \a index-th, counted from 0, or from the last one back
-      for a negative index (-1: the latest, which a widget bound again
-      uses); null if there is none. Links of earlier bindings stay until
-      the binding is released, since sends may still use them. Safe from
-      any thread.
+      The link of the present binding bound \a index-th, counted from 0, or
+      from the last one back for a negative index (-1: the latest); null if
+      there is none, as after a binding to an attribute the widget does not
+      take. Safe from any thread.
     */
     template<class Link>
     Link* link(int index = -1) const
@@ -214,8 +213,9 @@ protected:
     void flipDebugSwitch();
     /*!
       The frame's binding without the lock: remembers the desktop, takes
-      ownership of \a attr in place of the earlier one, and notes the
-      attempt. For widgets that show no lock of their attribute.
+      ownership of \a attr in place of the earlier one, starts a new set of
+      links, and notes the attempt. For widgets that show no lock of their
+      attribute.
     */
     void takeAttribute(Brenmoor::EngineReadingBase_ptr attr);
     /*!
@@ -266,6 +266,8 @@ private:
     // Subscriptions without a tag, owned all the same.
     std::vector<Brenmoor::DDS_BaseObj*> m_untaggedSubscriptions;
     std::vector<std::unique_ptr<AttributeLink>> m_links;
+    // Links of earlier bindings, kept for sends still running until the binding is released.
+    std::vector<std::unique_ptr<AttributeLink>> m_earlierLinks;
     // Guards the attribute references and the links against the lock callback's and the senders' threads.
     mutable QMutex m_attributeMutex;
     std::atomic<bool> m_engineLinkLost{false};
