@@ -135,6 +135,7 @@ private slots:
     void keypadOfAFieldOnAnotherWindow();
     void transportFailureReleasesTheMechanism_data();
     void transportFailureReleasesTheMechanism();
+    void newLimitsReachTheArrowsInTheShownUnit();
     void secondEnterBeforeTheSample_data();
     void secondEnterBeforeTheSample();
     void looks();
@@ -697,6 +698,22 @@ void TestNumericEntry::transportFailureReleasesTheMechanism()
     QTRY_VERIFY(field.isEngineLinkLost());
     QTRY_COMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
     QVERIFY(!field.numpadWidget()->isVisible());
+}
+
+void TestNumericEntry::newLimitsReachTheArrowsInTheShownUnit()
+{
+    NumericEntryImpl field(m_screen);
+    field.setUnitListString(frequencyUnits);
+    field.setDefaultUnit(2);
+    field.setRealtimeUpdate(true);
+    bind(field, "Center");
+    QCOMPARE(field.numpadWidget()->upperLimit(), 6000.0);
+
+    m_engine->setLimits("Center", SimLimits{1e3, 2e9, 1});
+    QTRY_COMPARE(field.numpadWidget()->upperLimit(), 2000.0);
+    QCOMPARE(field.numpadWidget()->lowerLimit(), 0.001);
+    m_engine->setLimits("Center", SimLimits{1e3, 6e9, 1});
+    QTRY_COMPARE(field.numpadWidget()->upperLimit(), 6000.0);
 }
 
 void TestNumericEntry::secondEnterBeforeTheSample_data()

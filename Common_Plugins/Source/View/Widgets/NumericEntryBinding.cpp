@@ -109,7 +109,7 @@ void NumericEntryBinding::updateLimits(const NumericLink* number)
     NumericEntryImpl* field = m_field;
     if (!number->limits(&field->m_lowerLimit, &field->m_upperLimit))
         return;
-    field->m_mechanisms.updateSliderBounds(number->carriesUnits() && field->m_unitSelector.key());
+    field->m_mechanisms.updateSliderBounds(number->carriesUnits() ? field->m_unitSelector.key() : 0);
 }
 
 void NumericEntryBinding::bindMeter(const NumericLink* meter)

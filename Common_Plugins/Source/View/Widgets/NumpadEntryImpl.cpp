@@ -154,6 +154,9 @@ void NumpadEntryImpl::updateLimits(double lower, double upper)
     m_upper = upper;
 }
 
+double NumpadEntryImpl::lowerLimit() const { return m_lower; }
+double NumpadEntryImpl::upperLimit() const { return m_upper; }
+
 void NumpadEntryImpl::resetStep() { m_stepExponent = 0.0; }
 
 void NumpadEntryImpl::updateCursorPosition()

@@ -28,6 +28,8 @@ public:
     bool realtimeUpdate() const;
     //! Limits of the arrows, in the unit shown.
     void updateLimits(double lower, double upper);
+    double lowerLimit() const;
+    double upperLimit() const;
     //! The arrows step the units digit again.
     void resetStep();
     //! Marks in the echo the digit that the arrows change.
