@@ -1,49 +1,12 @@
 #include "BaseEntryImpl.h"
 
-#include "CSS.h"
+#include "EntryPanel.h"
 
-#include <QCoreApplication>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegExpValidator>
-
-namespace {
-
-QString frameStyle()
-{
-    QString style = QStringLiteral("QPushButton { color: white; background-color: transparent;"
-                                   " border: 1px solid white; font-size: 40px; }"
-                                   "QPushButton:pressed { color: black; background-color: white; }"
-                                   "QFrame#MainFrame { background-color: rgba(0,0,0,215); border: 2px solid %1;"
-                                   " border-radius: 18px; border-left: none; }"
-                                   "QFrame#TopOverlay, QFrame#BottomOverlay { border: 2px solid %1;"
-                                   " border-radius: 18px; border-right: none;"
-                                   " border-top-right-radius: 0px; border-bottom-right-radius: 0px; }"
-                                   "QLabel { background-color: transparent; border: 2px solid %1; border-left: none;"
-                                   " border-top-right-radius: 9px; border-bottom-right-radius: 9px; }"
-                                   "QLineEdit { background-color: transparent; border: 2px solid white;"
-                                   " border-radius: 10px; font-size: 40px; min-height: 40px; max-height: 40px;"
-                                   " color: white; padding-left: 4px;"
-                                   " selection-color: white; selection-background-color: black; }")
-                        .arg(CSS::border());
-    const QVariant noTransparency = qApp->property("-notransparency");
-    if (noTransparency.isValid() && noTransparency.toString() == QLatin1String("true"))
-        style += QStringLiteral("QFrame#MainFrame{    background-color: #000;}");
-    return style;
-}
-
-QFrame* placedFrame(const char* name, const QRect& area, QWidget* parent)
-{
-    auto* frame = new QFrame(parent);
-    frame->setObjectName(QLatin1String(name));
-    frame->setGeometry(area);
-    return frame;
-}
-
-} // namespace
 
 template<typename Apply>
 void BaseEntryImpl::forEachEdit(Apply apply)
@@ -56,7 +19,7 @@ void BaseEntryImpl::forEachEdit(Apply apply)
 
 BaseEntryImpl::BaseEntryImpl(QObject* target, QWidget* parent, int width, int height)
     : ContainerImpl(parent)
-    , m_styleText(frameStyle())
+    , m_styleText(EntryPanel::frameStyle(QStringLiteral("QFrame#TopOverlay, QFrame#BottomOverlay")))
     , m_targetEdit(qobject_cast<QLineEdit*>(target))
     , m_validator(new QRegExpValidator(QRegExp(QStringLiteral(".*")), this))
     , m_padWidth(width)
@@ -165,17 +128,8 @@ QFrame* BaseEntryImpl::getMainFrame() { return m_mainFrame; }
 bool BaseEntryImpl::eventFilter(QObject* watched, QEvent* event)
 {
     // The gap between the echo and the keys is no handle: a touch there must not drag the pad.
-    if (watched == m_gapLabel) {
-        switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-            return true;
-        default:
-            break;
-        }
-    }
+    if (watched == m_gapLabel && EntryPanel::isPointerEvent(event))
+        return true;
     return ContainerImpl::eventFilter(watched, event);
 }
 
@@ -189,26 +143,15 @@ void BaseEntryImpl::Initialize()
 {
     const int w = m_padWidth;
     const int h = m_padHeight;
-    m_mainFrame = new QFrame;
-    m_mainFrame->setObjectName(QStringLiteral("MainFrame"));
-    m_mainFrame->setMinimumSize(w, h);
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(m_mainFrame);
-    // The pad has no title: its top overlay takes the place of the container's title bar.
-    setLayout(row, false);
-
-    placedFrame("TopOverlay", QRect(QPoint(0, 0), QPoint(w - 61, 63)), m_mainFrame);
-    m_echoEdit = new QLineEdit(m_mainFrame);
-    m_echoEdit->setGeometry(QRect(QPoint(10, 10), QPoint(w - 11, 49)));
-    m_echoEdit->setReadOnly(true);
-    m_echoEdit->setEnabled(false);
+    const EntryPanel::Parts parts = EntryPanel::build(this, QSize(w, h), "TopOverlay", "BottomOverlay");
+    m_mainFrame = parts.mainFrame;
+    m_echoEdit = parts.readOut;
     if (m_targetEdit)
         m_echoEdit->setEchoMode(m_targetEdit->echoMode());
-    m_gapLabel = new QLabel(m_mainFrame);
-    m_gapLabel->setGeometry(QRect(QPoint(18, 62), QPoint(w - 19, 79)));
+    m_gapLabel = parts.gap;
     m_gapLabel->installEventFilter(this);
-    placedFrame("BottomOverlay", QRect(QPoint(0, 78), QPoint(w - 61, h - 5)), m_mainFrame);
-    m_entryFrame = placedFrame("EntryFrame", QRect(QPoint(0, 78), QPoint(w - 1, h - 51)), m_mainFrame);
+    m_entryFrame = new QFrame(m_mainFrame);
+    m_entryFrame->setObjectName(QStringLiteral("EntryFrame"));
+    m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(w - 1, h - 51)));
     resize(w, h);
 }

@@ -6,8 +6,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -157,21 +155,17 @@ void NumpadEntryImpl::updateLimits(double lower, double upper)
 double NumpadEntryImpl::lowerLimit() const { return m_lower; }
 double NumpadEntryImpl::upperLimit() const { return m_upper; }
 
-void NumpadEntryImpl::resetStep() { m_stepExponent = 0.0; }
+void NumpadEntryImpl::resetStep() { m_step.reset(); }
 
 void NumpadEntryImpl::updateCursorPosition()
 {
-    const QString text = m_echoEdit->text();
-    const int dot = text.indexOf(QLatin1Char('.'));
-    int position = m_stepExponent < 0.0 ? int(dot - m_stepExponent + 1.0)
-                                        : int((dot < 0 ? text.size() : dot) - m_stepExponent);
+    int position = m_step.cursorPosition(m_echoEdit->text());
     if (position < 0) {
         resetStep();
         position = 0;
     }
     setCursorPosition(position);
-    const int marked = m_stepExponent < 0.0 && m_stepExponent > -3.0 ? 4 : 3;
-    m_echoEdit->setSelection(position, -marked);
+    m_echoEdit->setSelection(position, -m_step.markedLength());
 }
 
 void NumpadEntryImpl::changePrecision(int precision)
@@ -398,7 +392,7 @@ void NumpadEntryImpl::insertPoint()
 
 void NumpadEntryImpl::updateValue(double direction)
 {
-    double candidate = m_currentValue + std::pow(10.0, m_stepExponent) * direction;
+    double candidate = m_currentValue + m_step.size() * direction;
     if (candidate < m_lower || candidate > m_upper)
         candidate = m_currentValue;
     setValue(QString::number(candidate, 'f', m_precision));
@@ -409,14 +403,6 @@ void NumpadEntryImpl::updateValue(double direction)
 
 void NumpadEntryImpl::changeStep(double direction)
 {
-    double top = std::log10(std::abs(m_currentValue)) + 1.0;
-    if (m_currentValue < 0.0)
-        top = std::min(top, std::log10(std::abs(m_lower)));
-    else if (m_currentValue > 0.0)
-        top = std::min(top, std::log10(std::abs(m_upper)));
-    const double exponent = m_stepExponent + direction;
-    if (exponent < -m_precision || exponent > std::max(top, 1.0))
-        return;
-    m_stepExponent = exponent;
-    updateCursorPosition();
+    if (m_step.change(direction, m_currentValue, m_lower, m_upper, m_precision))
+        updateCursorPosition();
 }

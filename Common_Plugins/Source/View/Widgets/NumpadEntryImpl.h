@@ -2,6 +2,7 @@
 #define NUMPADENTRYIMPL_H
 
 #include "BaseEntryImpl.h"
+#include "DigitStep.h"
 
 class QGridLayout;
 class QVBoxLayout;
@@ -82,8 +83,7 @@ private:
     double m_lower;
     double m_upper;
     double m_currentValue = 0.0;
-    //! The arrows step by 10 to this power.
-    double m_stepExponent = 0.0;
+    DigitStep m_step;
     bool m_realTime;
     bool m_hexMode;
     QPushButton* m_rotateButton = nullptr;

@@ -1,0 +1,96 @@
+#include "EntryPanel.h"
+
+#include "CSS.h"
+#include "ContainerImpl.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace {
+
+QFrame* placedFrame(const char* name, const QRect& area, QWidget* parent)
+{
+    auto* frame = new QFrame(parent);
+    frame->setObjectName(QLatin1String(name));
+    frame->setGeometry(area);
+    return frame;
+}
+
+bool opaque()
+{
+    const QVariant noTransparency = qApp->property("-notransparency");
+    return noTransparency.isValid() && noTransparency.toString() == QLatin1String("true");
+}
+
+} // namespace
+
+EntryPanel::Parts EntryPanel::build(ContainerImpl* container, const QSize& size, const char* upperOverlay,
+                                    const char* lowerOverlay)
+{
+    const int w = size.width();
+    const int h = size.height();
+    Parts parts;
+    parts.mainFrame = new QFrame;
+    parts.mainFrame->setObjectName(QStringLiteral("MainFrame"));
+    parts.mainFrame->setMinimumSize(size);
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(parts.mainFrame);
+    // The upper overlay takes the place of the container's title bar.
+    container->setLayout(row, false);
+
+    placedFrame(upperOverlay, QRect(QPoint(0, 0), QPoint(w - 61, 63)), parts.mainFrame);
+    parts.readOut = new QLineEdit(parts.mainFrame);
+    parts.readOut->setGeometry(QRect(QPoint(10, 10), QPoint(w - 11, 49)));
+    parts.readOut->setReadOnly(true);
+    parts.readOut->setEnabled(false);
+    parts.gap = new QLabel(parts.mainFrame);
+    parts.gap->setGeometry(QRect(QPoint(18, 62), QPoint(w - 19, 79)));
+    placedFrame(lowerOverlay, QRect(QPoint(0, 78), QPoint(w - 61, h - 5)), parts.mainFrame);
+    return parts;
+}
+
+QString EntryPanel::frameStyle(const QString& overlaySelector)
+{
+    QString style = QStringLiteral("QPushButton { color: white; background-color: transparent;"
+                                   " border: 1px solid white; font-size: 40px; }"
+                                   "QPushButton:pressed { color: black; background-color: white; }"
+                                   "QFrame#MainFrame { background-color: rgba(0,0,0,215); border: 2px solid %1;"
+                                   " border-radius: 18px; border-left: none; }"
+                                   "%2 { border: 2px solid %1;"
+                                   " border-radius: 18px; border-right: none;"
+                                   " border-top-right-radius: 0px; border-bottom-right-radius: 0px; }"
+                                   "QLabel { background-color: transparent; border: 2px solid %1; border-left: none;"
+                                   " border-top-right-radius: 9px; border-bottom-right-radius: 9px; }"
+                                   "QLineEdit { background-color: transparent; border: 2px solid white;"
+                                   " border-radius: 10px; font-size: 40px; min-height: 40px; max-height: 40px;"
+                                   " color: white; padding-left: 4px;"
+                                   " selection-color: white; selection-background-color: black; }")
+                        .arg(CSS::border(), overlaySelector);
+    if (opaque())
+        style += QStringLiteral("QFrame#MainFrame{    background-color: #000;}");
+    return style;
+}
+
+QString EntryPanel::withLanguageRule(const QString& style, const QString& chineseRule)
+{
+    const QString language = qApp->property("currentLanguage").toString();
+    if (language == QLatin1String("zh_cn") || language == QLatin1String("zh_tw"))
+        return style + chineseRule;
+    return style;
+}
+
+bool EntryPanel::isPointerEvent(const QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        return true;
+    default:
+        return false;
+    }
+}

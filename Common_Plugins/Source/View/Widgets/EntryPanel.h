@@ -1,0 +1,48 @@
+#ifndef ENTRYPANEL_H
+#define ENTRYPANEL_H
+
+#include <QString>
+
+class ContainerImpl;
+class QEvent;
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QSize;
+
+/*!
+  The panel that every entry mechanism opens in: a black translucent frame
+  (opaque with "-notransparency"), a read-only read-out of the value at the
+  top, a gap under it and the overlays that frame both. The keypads, the
+  spin wheel and the slider each lay their own controls over it.
+*/
+class EntryPanel
+{
+public:
+    //! The parts that a mechanism lays its controls on or around.
+    struct Parts
+    {
+        QFrame* mainFrame = nullptr;
+        QLineEdit* readOut = nullptr;
+        QLabel* gap = nullptr;
+    };
+
+    /*!
+      Lays the panel of \a size over \a container's content, which loses its
+      title bar; \a upperOverlay and \a lowerOverlay name the two overlay
+      frames. The read-out is read-only and disabled.
+    */
+    static Parts build(ContainerImpl* container, const QSize& size, const char* upperOverlay,
+                       const char* lowerOverlay);
+    //! The panel's rules, with \a overlaySelector for the overlay frames.
+    static QString frameStyle(const QString& overlaySelector);
+    /*!
+      \a style with \a chineseRule behind it while the interface speaks
+      Chinese, whose glyphs need larger type on the small keys.
+    */
+    static QString withLanguageRule(const QString& style, const QString& chineseRule);
+    //! A press, move, release or double click, which the gap swallows so that it never drags the panel.
+    static bool isPointerEvent(const QEvent* event);
+};
+
+#endif // ENTRYPANEL_H
