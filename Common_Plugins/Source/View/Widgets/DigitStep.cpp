@@ -1,5 +1,6 @@
 #include "DigitStep.h"
 
+#include <QLineEdit>
 #include <QString>
 
 #include <algorithm>
@@ -34,3 +35,15 @@ int DigitStep::cursorPosition(const QString& text) const
 }
 
 int DigitStep::markedLength() const { return m_exponent < 0.0 && m_exponent > -3.0 ? 4 : 3; }
+
+int DigitStep::markIn(QLineEdit* readOut)
+{
+    int position = cursorPosition(readOut->text());
+    if (position < 0) {
+        reset();
+        position = 0;
+    }
+    readOut->setCursorPosition(position);
+    readOut->setSelection(position, -markedLength());
+    return position;
+}

@@ -1,6 +1,7 @@
 #ifndef DIGITSTEP_H
 #define DIGITSTEP_H
 
+class QLineEdit;
 class QString;
 
 /*!
@@ -26,6 +27,11 @@ public:
     int cursorPosition(const QString& text) const;
     //! How many characters the selection spans, backwards from the cursor.
     int markedLength() const;
+    /*!
+      Marks the digit in \a readOut and returns the cursor position; a digit
+      left of the text goes back to the units digit, marked at the start.
+    */
+    int markIn(QLineEdit* readOut);
 
 private:
     double m_exponent = 0.0;

@@ -72,6 +72,24 @@ EntryPlacement::Corner EntryPlacement::corner() const
     return m_left ? BelowLeft : BelowRight;
 }
 
+bool EntryPlacement::isAbove() const { return m_above; }
+bool EntryPlacement::isLeft() const { return m_left; }
+QSize EntryPlacement::padSize() const { return m_pad; }
+
+int EntryPlacement::checkEntryWidthPos(int width) const
+{
+    if (m_left)
+        return m_entryX + m_pad.width() - width < 0 ? m_margin : m_entryX;
+    return width + m_entryX > m_screen.width() ? m_screen.width() - width - m_margin : m_entryX;
+}
+
+int EntryPlacement::checkEntryHeightPos(int height) const
+{
+    if (m_above)
+        return m_entryY + m_pad.height() - height < 0 ? m_margin : m_entryY;
+    return height + m_entryY > m_screen.height() ? m_screen.height() - height - m_margin : m_entryY;
+}
+
 EntryPlacement EntryPlacement::place(QWidget* mechanism, const QWidget* field, int selectorWidth)
 {
     const QWidget* area = mechanism->parentWidget();

@@ -44,6 +44,19 @@ public:
     int entryX() const;
     int entryY() const;
     Corner corner() const;
+    bool isAbove() const;
+    bool isLeft() const;
+    //! The size of the mechanism placed first, which the others line up with.
+    QSize padSize() const;
+
+    /*!
+      Where a mechanism \a width wide that replaces the first by rotation
+      starts horizontally: at entryX(), unless that would take it off the
+      screen, in which case it keeps the margin from the edge it would pass.
+    */
+    int checkEntryWidthPos(int width) const;
+    //! The same vertically, for a mechanism \a height high.
+    int checkEntryHeightPos(int height) const;
 
 private:
     void placeHorizontally(const QRect& field, int selectorWidth);

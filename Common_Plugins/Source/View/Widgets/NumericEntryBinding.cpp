@@ -59,6 +59,8 @@ void NumericEntryBinding::bindSettable(const NumericLink* number)
         field->setValue(wholeNumberText(long(field->m_value), field->m_isHex));
     number->limits(&field->m_lowerLimit, &field->m_upperLimit);
     field->addNumpad(field->m_isHex, field->m_realtimeUpdate);
+    if (field->m_useSpinWheel)
+        field->addSpinWheel(field->m_lowerLimit, field->m_upperLimit);
     if (number->carriesUnits()) {
         field->m_mechanisms.updateSliderBounds(field->m_unitSelector.key());
         field->setIndex(field->m_defaultUnit);

@@ -42,6 +42,8 @@ public:
     void noteEntry();
     //! Sends \a value, in the base unit, from a worker.
     void startSend(const NumericLink* number, double value);
+    //! Shows the engine's present value in the box; false when the engine could not be asked.
+    bool showEngineValue(const NumericLink* number);
     //! Reads the limits again, after the engine said they changed.
     void updateLimits(const NumericLink* number);
 
@@ -59,7 +61,6 @@ private:
     //! The unit of a value record becomes the field's base unit, and its units are offered anew.
     void takeWireUnit(const Kelvane::Value::Units& wire);
     QString sampleText(const NumericLink* number, const NumericSample& sample) const;
-    bool showEngineValue(const NumericLink* number);
     double enteredNumber(const NumericLink* number, const QString& text) const;
     void logReceived(double number, const Kelvane::Value::Units& unit) const;
 

@@ -46,7 +46,7 @@ NumericEntryImpl::NumericEntryImpl(QWidget* parent, const QString& label, const 
             Qt::BlockingQueuedConnection);
     connect(this, &NumericEntryImpl::valueChange, this, qOverload<const QString&>(&NumericEntryImpl::setValue),
             Qt::BlockingQueuedConnection);
-    connect(this, &NumericEntryImpl::revertChangeSignal, this, &NumericEntryImpl::revertChanges);
+    connect(this, &NumericEntryImpl::revertChangeSignal, this, &NumericEntryImpl::takeRefusal);
     connect(m_valueEdit, &QLineEdit::textEdited, this, &NumericEntryImpl::noteEntry);
     connect(m_valueEdit, &QLineEdit::returnPressed, this, &NumericEntryImpl::enterValue);
     connect(m_valueEdit, &QLineEdit::returnPressed, this, &WidgetBaseImpl::CloseEntryMechanism);
@@ -79,6 +79,7 @@ int NumericEntryImpl::precision() const { return m_precision; }
 QString NumericEntryImpl::getValue() const { return m_valueEdit->text(); }
 void NumericEntryImpl::setNumLocked(bool locked) { m_numLocked = locked; }
 NumpadEntryImpl* NumericEntryImpl::numpadWidget() const { return m_mechanisms.numpad(); }
+SpinWheelImpl* NumericEntryImpl::spinWheelWidget() const { return m_mechanisms.spinWheel(); }
 ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector.widget(); }
 double NumericEntryImpl::baseValue() const { return m_value; }
 Units NumericEntryImpl::getBaseUnit() const { return m_units.baseUnit(); }
@@ -367,6 +368,11 @@ void NumericEntryImpl::addNumpad(bool isHex, bool realtimeUpdate)
     m_mechanisms.addNumpad(isHex, realtimeUpdate);
 }
 
+void NumericEntryImpl::addSpinWheel(double lower, double upper)
+{
+    m_mechanisms.addSpinWheel(lower, upper);
+}
+
 void NumericEntryImpl::displayEntryMechanism()
 {
     m_savedValue = m_value;
@@ -376,23 +382,31 @@ void NumericEntryImpl::displayEntryMechanism()
     }
     if (!QRVUtil::isHandheld())
         GlobalImpl::getInstance()->topNavMenu();
-    if (m_numLocked || !m_mechanisms.numpad()) {
+    if (m_numLocked || !m_mechanisms.exists()) {
         emit CloseEntryMechanism();
         return;
     }
     if (m_unitSelectOpen)
         return;
     m_unitSelector.setEnabled(true);
-    m_mechanisms.open(m_unitSelector.visibleWidth());
+    if (!m_mechanisms.open(m_unitSelector.visibleWidth()))
+        return;
     m_valueEdit->setEnabled(true);
     m_valueEdit->setFocus();
     m_valueEdit->end(false);
     m_valueEdit->selectAll();
 }
 
-// The keypad is the only mechanism a field has for now; its rotate key
-// leaves it where it is.
-void NumericEntryImpl::rotateEntryMechanism(const QString&) {}
+void NumericEntryImpl::rotateEntryMechanism(const QString& entry)
+{
+    m_mechanisms.rotate(entry);
+}
+
+void NumericEntryImpl::sliderCloseSlot()
+{
+    enterValue();
+    closeInput();
+}
 
 void NumericEntryImpl::closeInput()
 {
@@ -423,6 +437,18 @@ void NumericEntryImpl::revertChanges()
         m_units.setDisplayUnit(m_units.unit(m_savedUnit, getDisplayUnit()));
     }
     m_mechanisms.updateSliderBounds(m_savedUnit);
+}
+
+// A mechanism that sends as it moves has had steps accepted since the
+// touch: the engine's value, not the one from before, is what now holds.
+void NumericEntryImpl::takeRefusal()
+{
+    revertChanges();
+    if (!m_mechanisms.isStepping())
+        return;
+    if (const NumericLink* number = link<NumericLink>())
+        m_binding.showEngineValue(number);
+    m_mechanisms.followField();
 }
 
 void NumericEntryImpl::restoreValue()

@@ -15,6 +15,7 @@
 
 class ComboBoxImpl;
 class NumpadEntryImpl;
+class SpinWheelImpl;
 class QLineEdit;
 
 class NumericLink;
@@ -82,6 +83,8 @@ public:
     //! 0 disabled; 1 the unit is frozen; 2 the value is frozen; other: all free.
     Q_INVOKABLE void setEnableState(int state);
     Q_INVOKABLE void addNumpad(bool isHex, bool realtimeUpdate = false);
+    //! A spin wheel between \a lower and \a upper, in the base unit; reached by the keypad's rotate key.
+    virtual void addSpinWheel(double lower, double upper);
     Q_INVOKABLE void setReadOnly(bool state);
     //! The text of the value box.
     Q_INVOKABLE QString getValue() const;
@@ -97,6 +100,8 @@ public:
     void setNumLocked(bool locked);
     //! The keypad of the field, once bound to a settable attribute.
     NumpadEntryImpl* numpadWidget() const;
+    //! The spin wheel of the field, once bound to a settable attribute with SpinWheel set.
+    SpinWheelImpl* spinWheelWidget() const;
     ComboBoxImpl* unitSelectorWidget() const;
     //! The value in the base unit.
     double baseValue() const;
@@ -143,6 +148,10 @@ private slots:
     void restoreValue();
     void updateParams();
     void rotateEntryMechanism(const QString& entry);
+    //! Enter on a wheel or slider: the value goes out and the mechanism closes.
+    void sliderCloseSlot();
+    //! The engine refused a value.
+    void takeRefusal();
     //! The operator entered something (a key, a typed or given text).
     void noteEntry();
 

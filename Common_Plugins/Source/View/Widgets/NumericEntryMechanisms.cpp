@@ -3,34 +3,46 @@
 #include "GlobalImpl.h"
 #include "NumericEntryImpl.h"
 #include "NumpadEntryImpl.h"
+#include "SpinWheelImpl.h"
 #include "SystemModule.h"
 
 #include <QLineEdit>
+
+namespace {
+
+//! Replaces the mechanism \a held by \a made, a hidden one.
+template<class Mechanism>
+void replace(QPointer<Mechanism>& held, Mechanism* made)
+{
+    delete held.data();
+    held = made;
+    made->hide();
+}
+
+} // namespace
 
 NumericEntryMechanisms::NumericEntryMechanisms(NumericEntryImpl* field)
     : m_field(field)
 {
 }
 
-// The keypad lives on another window than the field.
+// The mechanisms live on another window than the field.
 NumericEntryMechanisms::~NumericEntryMechanisms()
 {
-    delete m_numpad;
+    qDeleteAll(mechanisms());
 }
 
-NumpadEntryImpl* NumericEntryMechanisms::numpad() const
-{
-    return m_numpad;
-}
+NumpadEntryImpl* NumericEntryMechanisms::numpad() const { return m_numpad; }
+SpinWheelImpl* NumericEntryMechanisms::spinWheel() const { return m_wheel; }
+bool NumericEntryMechanisms::exists() const { return !mechanisms().isEmpty(); }
 
 void NumericEntryMechanisms::addNumpad(bool isHex, bool realtimeUpdate)
 {
     NumericEntryImpl* field = m_field;
     const QList<QString> units = field->m_unitSelector.labels();
-    m_numpad = new NumpadEntryImpl(field->m_valueEdit, field->window(), &units, isHex, 260, 380, realtimeUpdate,
-                                   field->m_units.inDisplayUnit(field->m_lowerLimit),
-                                   field->m_units.inDisplayUnit(field->m_upperLimit), field->m_precision);
-    m_numpad->hide();
+    replace(m_numpad, new NumpadEntryImpl(field->m_valueEdit, field->window(), &units, isHex, 260, 380,
+                                          realtimeUpdate, field->m_units.inDisplayUnit(field->m_lowerLimit),
+                                          field->m_units.inDisplayUnit(field->m_upperLimit), field->m_precision));
     QObject::connect(m_numpad, &BaseEntryImpl::cancelEntry, field, &NumericEntryImpl::restoreValue);
     QObject::connect(m_numpad, &NumpadEntryImpl::updateUnit, field, &NumericEntryImpl::setUnit);
     QObject::connect(m_numpad, &NumpadEntryImpl::updateUnit, field, &NumericEntryImpl::enterValue);
@@ -42,30 +54,73 @@ void NumericEntryMechanisms::addNumpad(bool isHex, bool realtimeUpdate)
                      &NumericEntryImpl::rotateEntryMechanism);
 }
 
-void NumericEntryMechanisms::open(int selectorWidth)
+void NumericEntryMechanisms::addSpinWheel(double lower, double upper)
 {
-    QWidget* screen = GlobalImpl::getInstance()->systemModule()->getSystemScreen(QStringLiteral("MainWindow"));
-    if (screen && m_numpad->parentWidget() != screen)
-        m_numpad->setParent(screen);
-    const QLineEdit* box = m_field->m_valueEdit;
-    m_placement = EntryPlacement::place(m_numpad, box, selectorWidth);
-    m_numpad->setValue(box->text());
+    NumericEntryImpl* field = m_field;
+    replace(m_wheel, new SpinWheelImpl(field->window(), field->m_units.inDisplayUnit(lower),
+                                       field->m_units.inDisplayUnit(upper), field->m_precision, 260, 330));
+    QObject::connect(m_wheel, &SpinWheelImpl::valueChanged, field, &NumericEntryImpl::setAndEnterValue);
+    QObject::connect(m_wheel, &SpinWheelImpl::closeEntry, field, &NumericEntryImpl::sliderCloseSlot);
+    QObject::connect(m_wheel, &SpinWheelImpl::cancelEntry, field, &NumericEntryImpl::restoreValue);
+    QObject::connect(m_wheel, &SpinWheelImpl::rotateEntryMechanism, field, &NumericEntryImpl::rotateEntryMechanism);
+}
+
+bool NumericEntryMechanisms::open(int selectorWidth)
+{
+    moveToScreen();
+    if (!m_numpad)
+        return false;
+    m_placement = EntryPlacement::place(m_numpad, m_field->m_valueEdit, selectorWidth);
+    m_numpad->setValue(m_field->m_valueEdit->text());
     if (m_numpad->realtimeUpdate())
         m_numpad->updateCursorPosition();
     m_numpad->show();
     m_numpad->raise();
+    return true;
+}
+
+// Keypad, wheel, slider and back to the keypad; a mechanism the field lacks is passed over.
+void NumericEntryMechanisms::rotate(const QString& entry)
+{
+    if (entry == QLatin1String("NumpadEntry") && m_numpad) {
+        if (m_wheel) {
+            m_numpad->hide();
+            showSpinWheel();
+        }
+    } else if (entry == QLatin1String("SpinWheel") && m_wheel) {
+        m_wheel->hide();
+        showNumpad();
+    }
 }
 
 void NumericEntryMechanisms::close()
 {
-    if (m_numpad)
-        m_numpad->hide();
+    for (QWidget* mechanism : mechanisms())
+        mechanism->hide();
 }
 
 void NumericEntryMechanisms::raise()
 {
-    if (m_numpad)
-        m_numpad->raise();
+    for (QWidget* mechanism : mechanisms())
+        mechanism->raise();
+}
+
+bool NumericEntryMechanisms::isStepping() const
+{
+    return (m_wheel && m_wheel->isVisible()) || (m_numpad && m_numpad->isVisible() && m_numpad->realtimeUpdate());
+}
+
+void NumericEntryMechanisms::followField()
+{
+    const QString text = m_field->m_valueEdit->text();
+    if (m_wheel && m_wheel->isVisible()) {
+        m_wheel->setValue(text);
+        m_wheel->updateCursorPosition();
+    }
+    if (m_numpad && m_numpad->isVisible() && m_numpad->realtimeUpdate()) {
+        m_numpad->setValue(text);
+        m_numpad->updateCursorPosition();
+    }
 }
 
 void NumericEntryMechanisms::setUnitList(const QStringList& labels)
@@ -76,15 +131,68 @@ void NumericEntryMechanisms::setUnitList(const QStringList& labels)
 
 void NumericEntryMechanisms::changePrecision(int precision)
 {
+    if (m_wheel)
+        m_wheel->changePrecision(precision);
     if (m_numpad)
         m_numpad->changePrecision(precision);
 }
 
 void NumericEntryMechanisms::updateSliderBounds(long key)
 {
-    if (!m_numpad || !m_numpad->realtimeUpdate())
-        return;
     const NumericUnits& units = m_field->m_units;
     const Kelvane::Value::Units unit = units.unit(key, units.baseUnit());
-    m_numpad->updateLimits(units.converted(m_field->m_lowerLimit, unit), units.converted(m_field->m_upperLimit, unit));
+    const double lower = units.converted(m_field->m_lowerLimit, unit);
+    const double upper = units.converted(m_field->m_upperLimit, unit);
+    if (m_wheel)
+        m_wheel->updateLimits(lower, upper);
+    // A keypad that never steps keeps the limits it was made with.
+    if (m_numpad && m_numpad->realtimeUpdate())
+        m_numpad->updateLimits(lower, upper);
+}
+
+void NumericEntryMechanisms::showNumpad()
+{
+    const QSize size = m_numpad->size();
+    m_numpad->move(m_placement.checkEntryWidthPos(size.width()), m_placement.checkEntryHeightPos(size.height()));
+    m_numpad->setValue(m_field->m_valueEdit->text());
+    if (m_numpad->realtimeUpdate())
+        m_numpad->updateCursorPosition();
+    m_numpad->show();
+    m_numpad->raise();
+}
+
+// The wheel shares the keypad's lower edge when the keypad opened above the field.
+void NumericEntryMechanisms::showSpinWheel()
+{
+    m_wheel->setValue(m_field->m_valueEdit->text());
+    m_wheel->updateCursorPosition();
+    const QSize size = m_wheel->size();
+    const int x = m_placement.checkEntryWidthPos(size.width());
+    int y = m_placement.checkEntryHeightPos(size.height());
+    if (y == m_placement.entryY() && m_placement.isAbove())
+        y = m_placement.entryY() + m_placement.padSize().height() - size.height();
+    m_wheel->move(x, y);
+    m_wheel->show();
+    m_wheel->raise();
+}
+
+void NumericEntryMechanisms::moveToScreen()
+{
+    QWidget* screen = GlobalImpl::getInstance()->systemModule()->getSystemScreen(QStringLiteral("MainWindow"));
+    if (!screen)
+        return;
+    for (QWidget* mechanism : mechanisms()) {
+        if (mechanism->parentWidget() != screen)
+            mechanism->setParent(screen);
+    }
+}
+
+QList<QWidget*> NumericEntryMechanisms::mechanisms() const
+{
+    QList<QWidget*> made;
+    for (QWidget* mechanism : std::initializer_list<QWidget*>{m_numpad, m_wheel}) {
+        if (mechanism)
+            made << mechanism;
+    }
+    return made;
 }

@@ -3,16 +3,23 @@
 
 #include "EntryPlacement.h"
 
+#include <QPointer>
 #include <QStringList>
 
 class NumericEntryImpl;
 class NumpadEntryImpl;
+class SpinWheelImpl;
+class QWidget;
 
 /*!
   The entry mechanisms of a numeric field and where they open: the keypad,
-  made once the field is bound to a settable attribute, opened on the main
-  screen beside the field's box and its unit selector, told of the field's
-  units, precision and limits. Part of the field, whose slots it drives.
+  the spin wheel and the slider, made once the field is bound to a
+  settable attribute and told of the field's units, precision and limits.
+  The keypad opens on the main screen beside the field's box and its unit
+  selector; its rotate key hands over to the wheel, the wheel's to the
+  slider and the slider's back to the keypad, each lined up with where the
+  keypad opened and kept on the screen. Part of the field, whose slots it
+  drives.
 */
 class NumericEntryMechanisms
 {
@@ -23,19 +30,42 @@ public:
     NumericEntryMechanisms& operator=(const NumericEntryMechanisms&) = delete;
 
     void addNumpad(bool isHex, bool realtimeUpdate);
+    //! \a lower and \a upper in the base unit.
+    void addSpinWheel(double lower, double upper);
     NumpadEntryImpl* numpad() const;
-    //! Opens the keypad beside the box; \a selectorWidth 0 without a visible unit selector.
-    void open(int selectorWidth);
+    SpinWheelImpl* spinWheel() const;
+    //! Any mechanism at all.
+    bool exists() const;
+
+    /*!
+      Opens the keypad beside the box; \a selectorWidth 0 without a visible
+      unit selector. False without a keypad: the others open only by rotation.
+    */
+    bool open(int selectorWidth);
+    //! Hands over from the mechanism named \a entry to the next one.
+    void rotate(const QString& entry);
     void close();
     void raise();
+    //! A mechanism that sends each step as it moves is open.
+    bool isStepping() const;
+    //! An open mechanism that sends as it moves starts again from the box's value.
+    void followField();
     void setUnitList(const QStringList& labels);
     void changePrecision(int precision);
-    //! A real-time keypad's slider runs between the limits, in the unit of \a key.
+    //! The stepping mechanisms run between the limits, in the unit of \a key.
     void updateSliderBounds(long key);
 
 private:
+    void showNumpad();
+    void showSpinWheel();
+    //! The mechanisms live on the screen, above every window of the form.
+    void moveToScreen();
+    QList<QWidget*> mechanisms() const;
+
     NumericEntryImpl* const m_field;
-    NumpadEntryImpl* m_numpad = nullptr;
+    // Guarded: a mechanism on the screen may die with the screen before the field.
+    QPointer<NumpadEntryImpl> m_numpad;
+    QPointer<SpinWheelImpl> m_wheel;
     EntryPlacement m_placement;
 };
 
