@@ -2,44 +2,19 @@
 // the steps they give, the limits, the digit keys, and a picture.
 #include "SpinWheelImpl.h"
 #include "TestSupport.h"
+#include "WheelGestures.h"
 
-#include <QApplication>
-#include <QFrame>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <cmath>
 #include <limits>
 #include <memory>
 
+using namespace WheelGestures;
+
 namespace {
-
-//! A finger on the dial: its angle in radians and the milliseconds since the press.
-struct Touch
-{
-    double radians;
-    qint64 milliseconds;
-};
-using Path = QVector<Touch>;
-
-//! \a count touches from \a start, each \a delta further and \a interval later than the one before.
-Path steady(double start, double delta, int interval, int count, qint64 from = 0)
-{
-    Path path;
-    for (int i = 0; i < count; ++i)
-        path << Touch{start + delta * i, from + qint64(interval) * i};
-    return path;
-}
-
-//! \a path followed by \a count more touches from where it ended.
-Path then(Path path, double delta, int interval, int count)
-{
-    const Touch last = path.last();
-    return path + steady(last.radians + delta, delta, interval, count, last.milliseconds + interval);
-}
 
 const double notANumber = std::numeric_limits<double>::quiet_NaN();
 
@@ -49,37 +24,6 @@ std::unique_ptr<SpinWheelImpl> makeWheel(const QString& value, double lower, dou
     wheel->setValue(value);
     wheel->show();
     return wheel;
-}
-
-QFrame* dialOf(SpinWheelImpl& wheel) { return wheel.findChild<QFrame*>(QStringLiteral("SpinFrame")); }
-
-//! The point of the wheel at \a radians on a circle of \a reach about the dial's centre.
-QPoint onDial(SpinWheelImpl& wheel, double radians, double reach = 90.0)
-{
-    const QFrame* dial = dialOf(wheel);
-    const QPoint centre = dial->mapTo(&wheel, QPoint(110, 110));
-    return centre + QPoint(int(std::lround(std::cos(radians) * reach)), int(std::lround(std::sin(radians) * reach)));
-}
-
-void send(SpinWheelImpl& wheel, QEvent::Type type, const QPoint& at)
-{
-    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, at, wheel.mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
-    QApplication::sendEvent(&wheel, &event);
-}
-
-//! Runs the finger along \a path with the wheel's clock reading the path's times.
-void turn(SpinWheelImpl& wheel, const Path& path, bool lift = true)
-{
-    qint64 now = 0;
-    wheel.gestureClock().setSource([&now] { return now; });
-    for (int i = 0; i < path.size(); ++i) {
-        now = path.at(i).milliseconds;
-        send(wheel, i == 0 ? QEvent::MouseButtonPress : QEvent::MouseMove, onDial(wheel, path.at(i).radians));
-    }
-    if (lift)
-        send(wheel, QEvent::MouseButtonRelease, onDial(wheel, path.last().radians));
-    wheel.gestureClock().setSource({});
 }
 
 void click(SpinWheelImpl& wheel, const char* key, int times = 1)
@@ -99,8 +43,6 @@ QStringList sent(const QSignalSpy& spy)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Path)
 
 class TestSpinWheel : public QObject
 {
@@ -151,6 +93,8 @@ void TestSpinWheel::turnsGiveSteps_data()
         << QStringList{"11", "10"};
     QTest::newRow("a step past the upper limit is dropped")
         << "99" << 0.0 << 100.0 << 0 << 0 << clockwise << QStringList{"100"};
+    QTest::newRow("a small upper limit is reached")
+        << "10" << 0.0 << 11.0 << 0 << 0 << clockwise << QStringList{"11"};
     QTest::newRow("a step past the lower limit is dropped")
         << "1" << 0.0 << 100.0 << 0 << 0 << steady(3.3, -0.1, 10, 30) << QStringList{"0"};
     QTest::newRow("equal limits") << "5" << 5.0 << 5.0 << 0 << 0 << clockwise << QStringList();

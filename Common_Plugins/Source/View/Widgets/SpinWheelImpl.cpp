@@ -239,12 +239,14 @@ void SpinWheelImpl::analyzeSpeed()
 
 void SpinWheelImpl::wheelIncrement(double speed)
 {
-    // The tiny term keeps a decimal value from falling just short of the digit.
-    const double candidate = m_currentValue + m_step.size() * stepsFor(speed) + 1e-15;
+    const double candidate = m_currentValue + m_step.size() * stepsFor(speed);
     // Written to refuse NaN limits as well as a step past one.
     if (!(candidate >= m_lower && candidate <= m_upper))
         return;
-    setValue(QString::number(candidate, 'f', m_precision));
+    // The tiny term keeps a decimal value from falling just short of the
+    // digit when written; the limits see the value without it, so that a
+    // limit such as 11 can be reached.
+    setValue(QString::number(candidate + 1e-15, 'f', m_precision));
     updateCursorPosition();
     emit valueChanged(m_wheelEdit->text());
 }
