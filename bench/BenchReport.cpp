@@ -34,6 +34,23 @@ void benchReport(const char* what, int rounds, const std::function<void()>& step
                 benchPercentile(samples, 0.99), rounds);
 }
 
+void benchFrames(const char* what, int frames, const std::function<void(int)>& frame)
+{
+    std::vector<double> samples;
+    samples.reserve(frames);
+    QElapsedTimer total;
+    QElapsedTimer timer;
+    total.start();
+    for (int i = 0; i < frames; ++i) {
+        timer.start();
+        frame(i);
+        samples.push_back(double(timer.nsecsElapsed()) / 1e6);
+    }
+    const double seconds = double(total.nsecsElapsed()) / 1e9;
+    std::printf("%-28s p50 %6.2f ms   p99 %6.2f ms   %7.0f frames/s   (%d frames)\n", what,
+                benchPercentile(samples, 0.5), benchPercentile(samples, 0.99), frames / seconds, frames);
+}
+
 void benchDefaultToOffscreen()
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))

@@ -11,6 +11,13 @@
 void benchReport(const char* what, int rounds, const std::function<void()>& step,
                  const std::function<void()>& prepare = {});
 
+/*!
+  Runs \a frame \a frames times back to back, as an animation would, and
+  prints the cost of one frame (p50 and p99 in milliseconds) and the frames
+  per second that this pace reaches.
+*/
+void benchFrames(const char* what, int frames, const std::function<void(int)>& frame);
+
 //! Runs on the offscreen platform unless QT_QPA_PLATFORM names another; before QApplication.
 void benchDefaultToOffscreen();
 
