@@ -55,6 +55,7 @@ private slots:
     void markerFollowsOnlyWhileTouched();
     void digitKeysRespectTheValue();
     void keysSpeakForTheWheel();
+    void looks_data();
     void looks();
 };
 
@@ -201,10 +202,20 @@ void TestSpinWheel::keysSpeakForTheWheel()
     QCOMPARE(rotated.first().at(0).toString(), QStringLiteral("SpinWheel"));
 }
 
+void TestSpinWheel::looks_data()
+{
+    QTest::addColumn<bool>("opaque");
+    QTest::newRow("spinwheel") << false;
+    QTest::newRow("spinwheel-notransparency") << true;
+}
+
 void TestSpinWheel::looks()
 {
+    QFETCH(bool, opaque);
+    qApp->setProperty("-notransparency", opaque ? QStringLiteral("true") : QString());
     QWidget screen;
-    screen.setStyleSheet(QStringLiteral("background-color: #203040;"));
+    screen.setObjectName(QStringLiteral("screen"));
+    screen.setStyleSheet(QStringLiteral("QWidget#screen { background-color: #203040; }"));
     screen.resize(300, 370);
     auto* wheel = new SpinWheelImpl(&screen, 0.0, 1000.0, 2, 260, 330);
     wheel->move(20, 20);
@@ -213,11 +224,15 @@ void TestSpinWheel::looks()
     screen.show();
     turn(*wheel, steady(0.2, 0.3, 10, 3), false);
 
-    const QImage picture = TestSupport::savePng(&screen, QStringLiteral("spinwheel"));
+    const QImage picture = TestSupport::savePng(&screen, QString::fromLatin1(QTest::currentDataTag()));
+    qApp->setProperty("-notransparency", QVariant());
     QCOMPARE(picture.size(), screen.size());
     // The marker glows on the dial where the finger is.
     const QPoint marker = wheel->mapTo(&screen, onDial(*wheel, 0.8, 70.0));
     QVERIFY(qGray(picture.pixel(marker)) > 150);
+    // Opaque, the panel hides the screen behind it; translucent, it tints it.
+    const QRgb panel = picture.pixel(wheel->mapTo(&screen, QPoint(200, 200)));
+    QCOMPARE(panel == qRgb(0, 0, 0), opaque);
 }
 
 QTEST_MAIN(TestSpinWheel)
