@@ -70,5 +70,6 @@ void DemoWindow::showScreen(int index)
 }
 
 QString DemoWindow::screenTitle(int index) const { return m_titles.value(index); }
+QWidget* DemoWindow::screenWidget(int index) const { return m_screens->widget(index); }
 
 QRVStatusBar* DemoWindow::statusBar() const { return m_statusBar; }

@@ -24,6 +24,7 @@ public:
     int screenCount() const;
     void showScreen(int index);
     QString screenTitle(int index) const;
+    QWidget* screenWidget(int index) const;
     QRVStatusBar* statusBar() const;
 
 private:

@@ -1,14 +1,15 @@
 // The demo instrument: shows the widget library's screens live, or a form
 // of the user's own (--form), bound to the simulated engine, which it
 // starts as a process of its own (or finds through --engine-ior). With
-// --render DIR it runs for --seconds, then writes a PNG of each screen into
-// DIR and exits, for machines without a display. SIGTERM and SIGINT end it
+// --render DIR it runs for --seconds, then writes a PNG of each screen (and
+// of each entry mechanism of a field marked "openedByDemo") into DIR and exits, for machines without a display. SIGTERM and SIGINT end it
 // in order.
 #include "DDS_ParticipantHolder.h"
 #include "DemoOptions.h"
 #include "DemoUiLoader.h"
 #include "DemoWindow.h"
 #include "EngineBinder.h"
+#include "NumericEntryImpl.h"
 #include "QRVStatusBar.h"
 #include "SimEngineProcess.h"
 #include "ToggleButtonImpl.h"
@@ -17,6 +18,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -84,6 +88,56 @@ void quitOnStopSignals(QApplication& app)
     sigaction(SIGINT, &action, nullptr);
 }
 
+bool savePicture(QWidget* widget, const QString& file)
+{
+    if (!widget->grab().save(file)) {
+        say(QStringLiteral("cannot write %1").arg(file));
+        return false;
+    }
+    std::printf("rv-demo: wrote %s\n", qPrintable(file));
+    return true;
+}
+
+//! The entry mechanism open on the window, if any; every bound field keeps its own there, hidden.
+QWidget* openMechanism(const DemoWindow& window)
+{
+    for (const char* name : {"NumpadEntry", "SpinWheel", "SingleSlider", "DoubleSlider"}) {
+        for (QWidget* mechanism : window.findChildren<QWidget*>(QLatin1String(name), Qt::FindDirectChildrenOnly))
+            if (mechanism->isVisible())
+                return mechanism;
+    }
+    return nullptr;
+}
+
+// Nor does anybody open a field: the demo touches each numeric field a
+// form marks "openedByDemo", turns through its mechanisms by their rotate
+// keys and writes a picture of each, named after the screen and the
+// mechanism.
+bool renderMechanisms(DemoWindow& window, QWidget* screen, const QString& base)
+{
+    for (NumericEntryImpl* field : screen->findChildren<NumericEntryImpl*>()) {
+        if (!field->property("openedByDemo").toBool())
+            continue;
+        const QPoint box = field->findChild<QLineEdit*>()->geometry().center();
+        QMouseEvent touch(QEvent::MouseButtonRelease, box, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(field, &touch);
+        QApplication::processEvents();
+        QStringList shown;
+        for (QWidget* open = openMechanism(window); open && !shown.contains(open->objectName());
+             open = openMechanism(window)) {
+            shown << open->objectName();
+            if (!savePicture(&window, base + QLatin1Char('-') + open->objectName().toLower() + QStringLiteral(".png")))
+                return false;
+            auto* rotate = open->findChild<QPushButton*>(QStringLiteral("RotateEntry"));
+            if (!rotate)
+                break;
+            rotate->click();
+        }
+        emit field->CloseEntryMechanism();
+    }
+    return true;
+}
+
 bool renderScreens(DemoWindow& window, const QString& folder)
 {
     if (!QDir().mkpath(folder)) {
@@ -92,12 +146,9 @@ bool renderScreens(DemoWindow& window, const QString& folder)
     }
     for (int i = 0; i < window.screenCount(); ++i) {
         window.showScreen(i);
-        const QString file = QDir(folder).filePath(window.screenTitle(i).toLower() + QStringLiteral(".png"));
-        if (!window.grab().save(file)) {
-            say(QStringLiteral("cannot write %1").arg(file));
+        const QString base = QDir(folder).filePath(window.screenTitle(i).toLower());
+        if (!savePicture(&window, base + QStringLiteral(".png")) || !renderMechanisms(window, window.screenWidget(i), base))
             return false;
-        }
-        std::printf("rv-demo: wrote %s\n", qPrintable(file));
     }
     return true;
 }
