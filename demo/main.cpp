@@ -2,8 +2,8 @@
 // of the user's own (--form), bound to the simulated engine, which it
 // starts as a process of its own (or finds through --engine-ior). With
 // --render DIR it runs for --seconds, then writes a PNG of each screen (and
-// of each entry mechanism of a field marked "openedByDemo") into DIR and exits, for machines without a display. SIGTERM and SIGINT end it
-// in order.
+// of each entry mechanism of a field marked "openedByDemo") into DIR and
+// exits, for machines without a display. SIGTERM and SIGINT end it in order.
 #include "DDS_ParticipantHolder.h"
 #include "DemoOptions.h"
 #include "DemoUiLoader.h"
