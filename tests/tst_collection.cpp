@@ -51,10 +51,11 @@ namespace {
 
 const QStringList registeredNames{
     QStringLiteral("ComboBoxImpl"), QStringLiteral("ConfirmationPushButtonImpl"), QStringLiteral("ConfirmationToggleButtonImpl"),
-    QStringLiteral("ContainerImpl"), QStringLiteral("MeterBarImpl"), QStringLiteral("NumericEntryImpl"), QStringLiteral("ProgressBar"),
+    QStringLiteral("ContainerImpl"), QStringLiteral("Kelvane::gui::HorizontalSliderImpl"), QStringLiteral("MeterBarImpl"),
+    QStringLiteral("NumericEntryImpl"), QStringLiteral("ProgressBar"),
     QStringLiteral("Kelvane::gui::TableEnum"), QStringLiteral("Kelvane::gui::TableEnumMulti"),
     QStringLiteral("Kelvane::gui::TableImpl"), QStringLiteral("Kelvane::gui::TableViewImpl"),
-    QStringLiteral("ToggleButtonImpl"),
+    QStringLiteral("ToggleButtonImpl"), QStringLiteral("Kelvane::gui::VerticalSliderImpl"),
 };
 
 QStringList namesOf(const QList<QDesignerCustomWidgetInterface*>& entries)

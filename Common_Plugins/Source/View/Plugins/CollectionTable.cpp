@@ -4,6 +4,7 @@
 #include "ConfirmationPushButton.h"
 #include "ConfirmationToggleButtonImpl.h"
 #include "ContainerImpl.h"
+#include "HorizontalSliderImpl.h"
 #include "MeterBarImpl.h"
 #include "NumericEntryImpl.h"
 #include "ProgressBar.h"
@@ -12,6 +13,7 @@
 #include "TableImpl.h"
 #include "TableViewImpl.h"
 #include "ToggleButtonImpl.h"
+#include "VerticalSliderImpl.h"
 
 // The factory column of CollectionTable.h.
 #define RV_MADE_BY(Widget) [](QWidget* parent) -> QWidget* { return new Widget(parent); }

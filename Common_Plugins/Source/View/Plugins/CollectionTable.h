@@ -56,7 +56,7 @@ RV_COLLECTION_ROW(KelvaneGui, GroupBoxPlugin,
 RV_COLLECTION_ROW(KelvaneGui, HorizontalSliderPlugin,
     "Kelvane::gui::HorizontalSliderImpl", "Ruvell", "HorizontalSliderImpl.h", false,
     "A Horizontal Slider", "A Ruvell Horizontal Slider",
-    B, "HSlider", Listed, RV_NOT_IN_TREE)
+    B, "HSlider", Listed, RV_MADE_BY(Kelvane::gui::HorizontalSliderImpl))
 
 RV_COLLECTION_ROW(TopLevel, MeterBarPlugin,
     "MeterBarImpl", "Ruvell", "MeterBarImpl.h", false,
@@ -139,7 +139,7 @@ RV_COLLECTION_ROW(TopLevel, TranslatableLabelPlugin,
 RV_COLLECTION_ROW(KelvaneGui, VerticalSliderPlugin,
     "Kelvane::gui::VerticalSliderImpl", "Ruvell", "VerticalSliderImpl.h", false,
     "A Vertical Slider", "A Ruvell Vertical Slider",
-    B, "Vertical Slider", Listed, RV_NOT_IN_TREE)
+    B, "Vertical Slider", Listed, RV_MADE_BY(Kelvane::gui::VerticalSliderImpl))
 
 RV_COLLECTION_ROW(KelvaneGui, WebBrowserPlugin,
     "Kelvane::gui::WebBrowser", "Ruvell", "WebBrowser.h", false,
