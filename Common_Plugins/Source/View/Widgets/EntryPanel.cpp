@@ -74,6 +74,13 @@ QString EntryPanel::frameStyle(const QString& overlaySelector)
     return style;
 }
 
+QString EntryPanel::rotateKeyStyle()
+{
+    return QStringLiteral("QPushButton#RotateEntry { border: none; border-image: url(:/images/rotateEntry.png); }"
+                          "QPushButton#RotateEntry:pressed { border-image: url(:/images/rotateEntryPressed.png);"
+                          " background-color: transparent; }");
+}
+
 QString EntryPanel::withLanguageRule(const QString& style, const QString& chineseRule)
 {
     const QString language = qApp->property("currentLanguage").toString();

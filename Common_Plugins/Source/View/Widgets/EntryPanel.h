@@ -36,6 +36,8 @@ public:
                        const char* lowerOverlay);
     //! The panel's rules, with \a overlaySelector for the overlay frames.
     static QString frameStyle(const QString& overlaySelector);
+    //! The look of the key "RotateEntry", which asks the field for its next mechanism.
+    static QString rotateKeyStyle();
     /*!
       \a style with \a chineseRule behind it while the interface speaks
       Chinese, whose glyphs need larger type on the small keys.

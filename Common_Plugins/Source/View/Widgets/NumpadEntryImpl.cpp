@@ -1,5 +1,7 @@
 #include "NumpadEntryImpl.h"
 
+#include "EntryPanel.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -92,10 +94,8 @@ QString keypadStyle(bool realTime)
                          " background-color: white; }"
                          "QPushButton#downArrow:pressed { image: url(:/images/downArrowPressed.png);"
                          " background-color: white; }"
-                         "QPushButton#enter:pressed { background-color: #0b0; }"
-                         "QPushButton#RotateEntry { border: none; border-image: url(:/images/rotateEntry.png); }"
-                         "QPushButton#RotateEntry:pressed { border-image: url(:/images/rotateEntryPressed.png);"
-                         " background-color: transparent; }");
+                         "QPushButton#enter:pressed { background-color: #0b0; }")
+        + EntryPanel::rotateKeyStyle();
     if (realTime)
         style += QStringLiteral("QLineEdit {selection-color: black; selection-background-color: white;}");
     return style;
