@@ -22,6 +22,12 @@ constexpr int ticksAcross = 7;
 constexpr int ticksEachSide = 5;
 //! Counting whole ticks up to a limit forgives the rounding of a decimal step.
 constexpr double tickTolerance = 1e-9;
+//! The powers of ten that a double can hold.
+constexpr double smallestExponent = -324.0;
+constexpr double largestExponent = 308.0;
+
+//! A step of nothing, or one the wrong way, would stop or turn the ruler for good.
+bool usableStep(double step) { return step > 0.0 && std::isfinite(step); }
 
 //! Far enough for any gesture, near enough that pixel sums never overflow.
 int toPixels(double pixels)
@@ -125,11 +131,8 @@ void SliderBarImpl::changePrecision(int precision)
 
 void SliderBarImpl::changeStep(double places)
 {
-    const double step = fixDecPlaces(m_step * std::pow(10.0, places)).toDouble();
-    // A step that the precision shows as nothing would stop the ruler for good.
-    if (!(step > 0.0 && std::isfinite(step)))
-        return;
-    if (m_stepDigit.change(places, m_value, m_lower, m_upper, m_precision)) {
+    const double step = asShown(m_step * std::pow(10.0, places));
+    if (usableStep(step) && m_stepDigit.change(places, m_value, m_lower, m_upper, m_precision)) {
         m_step = step;
         update();
     }
@@ -137,8 +140,8 @@ void SliderBarImpl::changeStep(double places)
 
 void SliderBarImpl::setStep(double step)
 {
-    const double shown = fixDecPlaces(step).toDouble();
-    if (shown > 0.0 && std::isfinite(shown)) {
+    const double shown = asShown(step);
+    if (usableStep(shown)) {
         m_step = shown;
         update();
     }
@@ -159,6 +162,7 @@ void SliderBarImpl::setBottomMode()
 }
 
 QString SliderBarImpl::fixDecPlaces(double value) const { return QString::number(value, 'f', m_precision); }
+double SliderBarImpl::asShown(double value) const { return fixDecPlaces(value).toDouble(); }
 
 void SliderBarImpl::getBound(const QString& text, int& start, int& end) const
 {
@@ -184,7 +188,7 @@ double SliderBarImpl::upperLimit() const { return m_upper; }
 const DigitStep& SliderBarImpl::stepDigit() const { return m_stepDigit; }
 void SliderBarImpl::setStepExponent(double exponent)
 {
-    m_stepDigit.setExponent(exponent);
+    m_stepDigit.setExponent(qBound(smallestExponent, exponent, largestExponent));
     update();
 }
 GestureClock& SliderBarImpl::gestureClock() { return m_clock; }
@@ -241,11 +245,8 @@ void SliderBarImpl::mouseMoveEvent(QMouseEvent* event)
     m_samples.push_back({m_offset, m_clock.elapsed()});
     keepWithinLimits();
     const double nearest = tickValue(nearestTick());
-    if (std::abs(m_draggedValue - nearest) > m_step * 0.9) {
-        m_draggedValue = nearest;
-        if (withinLimits(nearest))
-            emit valueChanged(fixDecPlaces(nearest), m_unit);
-    }
+    if (std::abs(m_draggedValue - nearest) > m_step * 0.9)
+        reach(nearest);
     m_draggedValue = qBound(m_lower, m_draggedValue, m_upper);
     update();
 }
@@ -359,11 +360,8 @@ void SliderBarImpl::coast()
         m_offset = offsetAtLower();
     }
     const double passed = tickValue(m_offset / m_tickSpacing);
-    if (passed != m_draggedValue) {
-        m_draggedValue = passed;
-        if (withinLimits(passed))
-            emit valueChanged(fixDecPlaces(passed), m_unit);
-    }
+    if (passed != m_draggedValue)
+        reach(passed);
     if (std::abs(delta) < restingDelta) {
         m_momentum = false;
         m_snapping = true;
@@ -390,10 +388,17 @@ void SliderBarImpl::assessPosition()
 {
     const double reached = qBound(m_lower, tickValue(nearestTick()), m_upper);
     // The value kept is the text sent, so that the field's echo of it changes nothing.
-    m_value = fixDecPlaces(reached).toDouble();
+    m_value = asShown(reached);
     m_offset = 0;
     emit valueChanged(fixDecPlaces(m_value), m_unit);
     update();
+}
+
+void SliderBarImpl::reach(double value)
+{
+    m_draggedValue = value;
+    if (withinLimits(value))
+        emit valueChanged(fixDecPlaces(value), m_unit);
 }
 
 void SliderBarImpl::startMotion()

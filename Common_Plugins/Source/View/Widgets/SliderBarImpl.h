@@ -79,9 +79,13 @@ private:
     void coast();
     void settle();
     void assessPosition();
+    //! A gesture has brought \a value under the mark: it is sent, unless it lies beyond a limit.
+    void reach(double value);
     void startMotion();
     void stopMotion();
 
+    //! \a value as the precision shows it.
+    double asShown(double value) const;
     bool withinLimits(double value) const;
     //! The value under the mark once the ruler has moved \a ticks to the right.
     double tickValue(double ticks) const;
