@@ -3,6 +3,7 @@
 // through the in-process engine and real DDS topics. Prints the interface
 // thread's CPU share, frames painted, the cost of a paint on the interface
 // thread and of drawing a sample into the bar's image on the DDS thread.
+#include "BenchPaintMeter.h"
 #include "BenchReport.h"
 #include "BenchUsage.h"
 #include "GlobalImpl.h"
@@ -12,7 +13,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QPaintEvent>
 #include <QTimer>
 
 #include <atomic>
@@ -23,30 +23,6 @@
 #include <vector>
 
 namespace {
-
-// Counts and times the paints of the bars it watches, on the interface thread.
-class PaintMeter : public QObject
-{
-public:
-    std::vector<double> microseconds;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() != QEvent::Paint || m_painting)
-            return false;
-        m_painting = true;
-        QElapsedTimer timer;
-        timer.start();
-        watched->event(event);
-        microseconds.push_back(double(timer.nsecsElapsed()) / 1000.0);
-        m_painting = false;
-        return true;
-    }
-
-private:
-    bool m_painting = false;
-};
 
 void addMeterAttribute(SimEngine& engine, const std::string& name)
 {
@@ -67,7 +43,7 @@ void addMeterAttribute(SimEngine& engine, const std::string& name)
 void feedAndMeasure(const char* what, SimEngine& engine, const std::vector<std::string>& names,
                     const std::vector<MeterBarImpl*>& meters, int hertz, int seconds)
 {
-    PaintMeter paints;
+    BenchPaintMeter paints;
     std::atomic<long> drawn{0};
     for (MeterBarImpl* meter : meters) {
         meter->barWidget()->installEventFilter(&paints);
