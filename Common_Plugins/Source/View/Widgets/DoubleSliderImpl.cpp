@@ -1,6 +1,7 @@
 #include "DoubleSliderImpl.h"
 
 #include "CSS.h"
+#include "EntryPanel.h"
 #include "SliderBarImpl.h"
 #include "SliderIndicatorImpl.h"
 
@@ -178,6 +179,6 @@ QString DoubleSliderImpl::style()
                " background-color: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 rgba(43,198,255,125),"
                " stop:0.4 rgba(0,0,0,150), stop:0.6 rgba(0,0,0,150), stop:1 rgba(43,198,255,125)); }")
                .arg(CSS::border())
-        + confirmPressedRule(QStringLiteral("QPushButton#enter")) + stepKeyRules("top", QStringLiteral("#0a0"))
+        + EntryPanel::confirmPressedRule(QStringLiteral("QPushButton#enter"), QStringLiteral("#0f0")) + stepKeyRules("top", QStringLiteral("#0a0"))
         + stepKeyRules("btm", CSS::border());
 }

@@ -81,6 +81,19 @@ QString EntryPanel::rotateKeyStyle()
                           " background-color: transparent; }");
 }
 
+QString EntryPanel::confirmPressedRule(const QString& selector, const QString& rimColour)
+{
+    return QStringLiteral("%1:pressed { border-color: %2; background-color: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
+                          " stop:0 rgba(0,255,0,125), stop:0.4 rgba(0,0,0,150), stop:0.6 rgba(0,0,0,150),"
+                          " stop:1 rgba(0,255,0,125)); }")
+        .arg(selector, rimColour);
+}
+
+QString EntryPanel::hiddenBorderFrameStyle()
+{
+    return QStringLiteral("QFrame#BorderFrame {\tbackground-color:transparent;\tborder: none;}");
+}
+
 QString EntryPanel::withLanguageRule(const QString& style, const QString& chineseRule)
 {
     const QString language = qApp->property("currentLanguage").toString();

@@ -38,6 +38,10 @@ public:
     static QString frameStyle(const QString& overlaySelector);
     //! The look of the key that hands over to the next mechanism ("RotateEntry").
     static QString rotateKeyStyle();
+    //! The rule of a key pressed to confirm: a rim of \a rimColour and a green glow behind.
+    static QString confirmPressedRule(const QString& selector, const QString& rimColour);
+    //! The container's own frame, which a mechanism's panel replaces.
+    static QString hiddenBorderFrameStyle();
     /*!
       \a style with \a chineseRule behind it while the interface speaks
       Chinese, whose glyphs need larger type on the small keys.

@@ -127,7 +127,7 @@ NumpadEntryImpl::NumpadEntryImpl(QObject* target, QWidget* parent, const QList<Q
     , m_hexMode(isHex)
     , m_unitLayout(new QVBoxLayout)
 {
-    borderFrame()->setStyleSheet(QStringLiteral("QFrame#BorderFrame {\tbackground-color:transparent;\tborder: none;}"));
+    borderFrame()->setStyleSheet(EntryPanel::hiddenBorderFrameStyle());
     m_styleText += keypadStyle(m_realTime);
     m_unitLayout->setContentsMargins(0, 0, 0, 0);
     m_unitLayout->setSpacing(0);

@@ -46,7 +46,7 @@ SingleSliderImpl::SingleSliderImpl(QWidget* parent, double value, double lower, 
     : SliderImpl(parent)
     , m_bar(new SliderBarImpl(nullptr, value, lower, upper, precision))
     , m_styleText(EntryPanel::frameStyle(QStringLiteral("QFrame#Overlay")) + EntryPanel::rotateKeyStyle()
-                  + sliderRules() + confirmPressedRule(QStringLiteral("QPushButton#enter")))
+                  + sliderRules() + EntryPanel::confirmPressedRule(QStringLiteral("QPushButton#enter"), QStringLiteral("#0f0")))
 {
     setObjectName(QStringLiteral("SingleSlider"));
     const int w = m_sliderWidth;
@@ -77,7 +77,7 @@ SingleSliderImpl::SingleSliderImpl(QWidget* parent, double value, double lower, 
             &QPushButton::clicked, this, &SingleSliderImpl::rotate);
     connect(m_bar, &SliderBarImpl::valueChanged, this, &SingleSliderImpl::updateIndicatorValue);
 
-    borderFrame()->setStyleSheet(QStringLiteral("QFrame#BorderFrame {\tbackground-color:transparent;\tborder: none;}"));
+    borderFrame()->setStyleSheet(EntryPanel::hiddenBorderFrameStyle());
     setBorder(false);
     retranslate();
 }

@@ -45,10 +45,6 @@ signals:
     void cancelEntry();
     //! The field sends \a value to the engine.
     void valueChanged(QString value);
-
-protected:
-    //! The rule of a key pressed to confirm: green rim, green glow behind.
-    static QString confirmPressedRule(const QString& selector);
 };
 
 #endif // SLIDERIMPL_H

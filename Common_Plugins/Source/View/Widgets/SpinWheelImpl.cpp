@@ -25,9 +25,6 @@ QString wheelStyle()
                          " background-color: transparent; border-radius: 35px; }"
                          "QPushButton#Enter { color: white; border: 1px solid #0a0; background-color: transparent;"
                          " border-radius: 30px; font-size: 14px; }"
-                         "QPushButton#Enter:pressed { border: 1px solid #0a0;"
-                         " background-color: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 rgba(0,255,0,125),"
-                         " stop:0.4 rgba(0,0,0,150), stop:0.6 rgba(0,0,0,150), stop:1 rgba(0,255,0,125)); }"
                          "QPushButton#Decrement, QPushButton#Increment { color: white; font-size: 14px;"
                          " border: 1px solid white; border-radius: 10px; }"
                          "QPushButton#Cancel { color: white; font-size: 10px; border: 1px solid white;"
@@ -36,6 +33,7 @@ QString wheelStyle()
                          " cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0 rgba(255,255,255,225),"
                          " stop:1 rgba(0,0,0,0)); }"
                          "QLineEdit { selection-color: black; selection-background-color: white; }")
+        + EntryPanel::confirmPressedRule(QStringLiteral("QPushButton#Enter"), QStringLiteral("#0a0"))
         + EntryPanel::rotateKeyStyle();
 }
 
@@ -91,7 +89,7 @@ SpinWheelImpl::SpinWheelImpl(QWidget* parent, double lower, double upper, int pr
             &QPushButton::clicked, this, &SpinWheelImpl::cancelEntry);
     connect(this, &SpinWheelImpl::updateValue, this, &SpinWheelImpl::wheelIncrement);
 
-    borderFrame()->setStyleSheet(QStringLiteral("QFrame#BorderFrame {\tbackground-color:transparent;\tborder: none;}"));
+    borderFrame()->setStyleSheet(EntryPanel::hiddenBorderFrameStyle());
     setBorder(false);
     updateStyle();
     retranslate();
