@@ -101,7 +101,7 @@ bool savePicture(QWidget* widget, const QString& file)
 //! The entry mechanism open on the window, if any; every bound field keeps its own there, hidden.
 QWidget* openMechanism(const DemoWindow& window)
 {
-    for (const char* name : {"NumpadEntry", "SpinWheel", "SingleSlider", "DoubleSlider"}) {
+    for (const char* name : {"NumpadEntry", "SpinWheel", "SingleSlider", "slider"}) {
         for (QWidget* mechanism : window.findChildren<QWidget*>(QLatin1String(name), Qt::FindDirectChildrenOnly))
             if (mechanism->isVisible())
                 return mechanism;

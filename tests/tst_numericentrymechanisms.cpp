@@ -1,10 +1,13 @@
 // The entry mechanisms of a bound numeric field: the rotate key's order,
 // where a rotated mechanism opens, and the wheel sending each step to the
 // simulated engine over CORBA and DDS, refused or cut off.
+#include "DoubleSliderImpl.h"
 #include "GlobalImpl.h"
 #include "NumericEntryImpl.h"
 #include "NumpadEntryImpl.h"
 #include "SimEngine.h"
+#include "SingleSliderImpl.h"
+#include "SliderBarImpl.h"
 #include "SpinWheelImpl.h"
 #include "SystemModule.h"
 #include "WheelGestures.h"
@@ -67,6 +70,8 @@ private slots:
     void rotatedMechanismsLineUpWithTheKeypad_data();
     void rotatedMechanismsLineUpWithTheKeypad();
     void wheelSendsEachStep();
+    void sliderSendsWhatTheRulerReaches();
+    void doubleSliderOfAHost();
     void newLimitsReachTheWheel();
     void refusedStepShowsTheEngineValue();
     void lostEngineClosesTheWheel();
@@ -154,7 +159,9 @@ void TestNumericEntryMechanisms::rotateKeyCycles_data()
     QTest::addColumn<bool>("wheel");
     QTest::addColumn<int>("slider");
     QTest::addColumn<QStringList>("order");
+    QTest::newRow("keypad, wheel, slider") << true << 1 << QStringList{"SpinWheel", "SingleSlider", "NumpadEntry"};
     QTest::newRow("no slider") << true << 0 << QStringList{"SpinWheel", "NumpadEntry"};
+    QTest::newRow("no wheel") << false << 1 << QStringList{"SingleSlider", "NumpadEntry"};
     QTest::newRow("keypad alone stays") << false << 0 << QStringList{"NumpadEntry"};
 }
 
@@ -179,30 +186,36 @@ void TestNumericEntryMechanisms::rotatedMechanismsLineUpWithTheKeypad_data()
 {
     QTest::addColumn<QPoint>("fieldAt");
     QTest::addColumn<bool>("above");
-    QTest::newRow("below the field") << QPoint(40, 20) << false;
-    QTest::newRow("above the field") << QPoint(500, 400) << true;
+    QTest::addColumn<bool>("left");
+    QTest::newRow("below and right of the field") << QPoint(40, 20) << false << false;
+    QTest::newRow("above and left of the field") << QPoint(500, 400) << true << true;
 }
 
-// Above the field the wheel shares the keypad's lower edge, below it the
-// upper one; either way it stays on the screen.
+// Above the field the wheel and the slider share the keypad's lower edge,
+// below it the upper one; either way they stay on the screen.
 void TestNumericEntryMechanisms::rotatedMechanismsLineUpWithTheKeypad()
 {
     QFETCH(QPoint, fieldAt);
     QFETCH(bool, above);
+    QFETCH(bool, left);
     std::unique_ptr<NumericEntryImpl> field = openField(fieldAt);
     QVERIFY(field);
     const QRect keypad = field->numpadWidget()->geometry();
 
     SpinWheelImpl* wheel = openWheel(*field);
-
     QVERIFY(wheel);
-    const QRect placed = wheel->geometry();
-    QVERIFY2(m_screen->rect().contains(placed), qPrintable(QStringLiteral("%1,%1").arg(placed.x()).arg(placed.y())));
-    if (above)
-        QCOMPARE(placed.bottom(), keypad.bottom());
-    else
-        QCOMPARE(placed.top(), keypad.top());
-    click(wheel, "Cancel");
+    const QRect wheelPlaced = wheel->geometry();
+    click(wheel, "RotateEntry");
+    QCOMPARE(openMechanism(), QStringLiteral("SingleSlider"));
+    const QRect sliderPlaced = field->sliderWidget()->geometry();
+
+    for (const QRect& placed : {wheelPlaced, sliderPlaced}) {
+        QVERIFY(m_screen->rect().contains(placed));
+        QCOMPARE(above ? placed.bottom() : placed.top(), above ? keypad.bottom() : keypad.top());
+    }
+    // The wide slider keeps the keypad's edge nearer the field.
+    QCOMPARE(left ? sliderPlaced.right() : sliderPlaced.left(), left ? keypad.right() : keypad.left());
+    click(field->sliderWidget(), "cancel");
 }
 
 void TestNumericEntryMechanisms::wheelSendsEachStep()
@@ -220,6 +233,48 @@ void TestNumericEntryMechanisms::wheelSendsEachStep()
 
     click(wheel, "Enter");
     QVERIFY(!wheel->isVisible());
+    QCOMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
+}
+
+// Two ticks to the left raise the value by two; the ruler sends what it reaches.
+void TestNumericEntryMechanisms::sliderSendsWhatTheRulerReaches()
+{
+    std::unique_ptr<NumericEntryImpl> field = openField(QPoint(40, 40), false, 1);
+    QVERIFY(field);
+    click(field->numpadWidget(), "RotateEntry");
+    auto* slider = qobject_cast<SingleSliderImpl*>(field->sliderWidget());
+    QVERIFY(slider && slider->isVisible());
+    auto* bar = slider->findChild<SliderBarImpl*>();
+    QVERIFY(QTest::qWaitForWindowExposed(slider));
+    const QPoint centre = bar->rect().center();
+    const QPoint left = centre - QPoint(2 * (bar->width() / 7), 0);
+    QTest::mousePress(bar, Qt::LeftButton, Qt::NoModifier, centre);
+    QMouseEvent move(QEvent::MouseMove, left, bar->mapToGlobal(left), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(bar, &move);
+    QTest::mouseRelease(bar, Qt::LeftButton, Qt::NoModifier, left, 400);
+
+    QTRY_COMPARE(lastSet(), std::int64_t{12});
+    QTRY_COMPARE(field->getValue(), QStringLiteral("12"));
+    click(slider, "enter");
+    QVERIFY(!slider->isVisible());
+    QCOMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
+}
+
+// A host may give a bound field the double slider, which the rotation
+// reaches last and which closes only by its Enter.
+void TestNumericEntryMechanisms::doubleSliderOfAHost()
+{
+    std::unique_ptr<NumericEntryImpl> field = openField(QPoint(40, 40), false, 0);
+    QVERIFY(field);
+    field->addSliderControl(false, 0.0, 100.0);
+    click(field->numpadWidget(), "RotateEntry");
+    QCOMPARE(openMechanism(), QString());
+    QVERIFY(field->sliderWidget()->isVisible());
+    QVERIFY(qobject_cast<DoubleSliderImpl*>(field->sliderWidget()));
+
+    click(field->sliderWidget(), "enter");
+
+    QVERIFY(!field->sliderWidget()->isVisible());
     QCOMPARE(GlobalImpl::getInstance()->entryMechanism(), nullptr);
 }
 

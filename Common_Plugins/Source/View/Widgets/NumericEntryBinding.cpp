@@ -61,6 +61,8 @@ void NumericEntryBinding::bindSettable(const NumericLink* number)
     field->addNumpad(field->m_isHex, field->m_realtimeUpdate);
     if (field->m_useSpinWheel)
         field->addSpinWheel(field->m_lowerLimit, field->m_upperLimit);
+    if (field->m_sliderBar > 0)
+        field->addSliderControl(true, field->m_lowerLimit, field->m_upperLimit);
     if (number->carriesUnits()) {
         field->m_mechanisms.updateSliderBounds(field->m_unitSelector.key());
         field->setIndex(field->m_defaultUnit);

@@ -80,6 +80,7 @@ QString NumericEntryImpl::getValue() const { return m_valueEdit->text(); }
 void NumericEntryImpl::setNumLocked(bool locked) { m_numLocked = locked; }
 NumpadEntryImpl* NumericEntryImpl::numpadWidget() const { return m_mechanisms.numpad(); }
 SpinWheelImpl* NumericEntryImpl::spinWheelWidget() const { return m_mechanisms.spinWheel(); }
+SliderImpl* NumericEntryImpl::sliderWidget() const { return m_mechanisms.slider(); }
 ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector.widget(); }
 double NumericEntryImpl::baseValue() const { return m_value; }
 Units NumericEntryImpl::getBaseUnit() const { return m_units.baseUnit(); }
@@ -373,6 +374,11 @@ void NumericEntryImpl::addSpinWheel(double lower, double upper)
     m_mechanisms.addSpinWheel(lower, upper);
 }
 
+void NumericEntryImpl::addSliderControl(const bool& single, const double& lower, const double& upper)
+{
+    m_mechanisms.addSliderControl(single, lower, upper);
+}
+
 void NumericEntryImpl::displayEntryMechanism()
 {
     m_savedValue = m_value;
@@ -406,6 +412,16 @@ void NumericEntryImpl::sliderCloseSlot()
 {
     enterValue();
     closeInput();
+}
+
+void NumericEntryImpl::sliderSetSlot(const QString& text)
+{
+    setAndEnterValue(text);
+}
+
+void NumericEntryImpl::clearSlider()
+{
+    m_mechanisms.clearSlider();
 }
 
 void NumericEntryImpl::closeInput()

@@ -15,6 +15,7 @@
 
 class ComboBoxImpl;
 class NumpadEntryImpl;
+class SliderImpl;
 class SpinWheelImpl;
 class QLineEdit;
 
@@ -85,6 +86,12 @@ public:
     Q_INVOKABLE void addNumpad(bool isHex, bool realtimeUpdate = false);
     //! A spin wheel between \a lower and \a upper, in the base unit; reached by the keypad's rotate key.
     virtual void addSpinWheel(double lower, double upper);
+    /*!
+      A slider between \a lower and \a upper, in the base unit: with
+      \a single the one the keypad's rotate key reaches, else the coarse and
+      fine double slider, which a host opens itself.
+    */
+    virtual void addSliderControl(const bool& single, const double& lower, const double& upper);
     Q_INVOKABLE void setReadOnly(bool state);
     //! The text of the value box.
     Q_INVOKABLE QString getValue() const;
@@ -102,6 +109,8 @@ public:
     NumpadEntryImpl* numpadWidget() const;
     //! The spin wheel of the field, once bound to a settable attribute with SpinWheel set.
     SpinWheelImpl* spinWheelWidget() const;
+    //! The slider of the field, once bound to a settable attribute with SliderBar above 0.
+    SliderImpl* sliderWidget() const;
     ComboBoxImpl* unitSelectorWidget() const;
     //! The value in the base unit.
     double baseValue() const;
@@ -150,6 +159,9 @@ private slots:
     void rotateEntryMechanism(const QString& entry);
     //! Enter on a wheel or slider: the value goes out and the mechanism closes.
     void sliderCloseSlot();
+    //! The slider came to \a text, which goes out at once.
+    void sliderSetSlot(const QString& text);
+    void clearSlider();
     //! The engine refused a value.
     void takeRefusal();
     //! The operator entered something (a key, a typed or given text).

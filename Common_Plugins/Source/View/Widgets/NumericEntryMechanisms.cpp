@@ -2,7 +2,9 @@
 
 #include "GlobalImpl.h"
 #include "NumericEntryImpl.h"
+#include "DoubleSliderImpl.h"
 #include "NumpadEntryImpl.h"
+#include "SingleSliderImpl.h"
 #include "SpinWheelImpl.h"
 #include "SystemModule.h"
 
@@ -34,6 +36,7 @@ NumericEntryMechanisms::~NumericEntryMechanisms()
 
 NumpadEntryImpl* NumericEntryMechanisms::numpad() const { return m_numpad; }
 SpinWheelImpl* NumericEntryMechanisms::spinWheel() const { return m_wheel; }
+SliderImpl* NumericEntryMechanisms::slider() const { return m_slider; }
 bool NumericEntryMechanisms::exists() const { return !mechanisms().isEmpty(); }
 
 void NumericEntryMechanisms::addNumpad(bool isHex, bool realtimeUpdate)
@@ -50,6 +53,7 @@ void NumericEntryMechanisms::addNumpad(bool isHex, bool realtimeUpdate)
                      &NumericEntryImpl::setAndEnterValue);
     QObject::connect(m_numpad, qOverload<>(&NumpadEntryImpl::valueChanged), field, &NumericEntryImpl::noteEntry);
     QObject::connect(m_numpad, &BaseEntryImpl::clearEntry, field, &NumericEntryImpl::noteEntry);
+    QObject::connect(m_numpad, &BaseEntryImpl::clearEntry, field, &NumericEntryImpl::clearSlider);
     QObject::connect(m_numpad, &NumpadEntryImpl::rotateEntryMechanism, field,
                      &NumericEntryImpl::rotateEntryMechanism);
 }
@@ -63,6 +67,27 @@ void NumericEntryMechanisms::addSpinWheel(double lower, double upper)
     QObject::connect(m_wheel, &SpinWheelImpl::closeEntry, field, &NumericEntryImpl::sliderCloseSlot);
     QObject::connect(m_wheel, &SpinWheelImpl::cancelEntry, field, &NumericEntryImpl::restoreValue);
     QObject::connect(m_wheel, &SpinWheelImpl::rotateEntryMechanism, field, &NumericEntryImpl::rotateEntryMechanism);
+}
+
+void NumericEntryMechanisms::addSliderControl(bool single, double lower, double upper)
+{
+    NumericEntryImpl* field = m_field;
+    const double shownLower = field->m_units.inDisplayUnit(lower);
+    const double shownUpper = field->m_units.inDisplayUnit(upper);
+    SingleSliderImpl* rotating = nullptr;
+    if (single)
+        replace<SliderImpl>(m_slider, rotating = new SingleSliderImpl(field->window(), 0.0, shownLower, shownUpper,
+                                                                      field->m_precision));
+    else
+        replace<SliderImpl>(m_slider,
+                            new DoubleSliderImpl(field->window(), 0.0, shownLower, shownUpper, field->m_precision));
+    QObject::connect(m_slider, &SliderImpl::valueChanged, field, &NumericEntryImpl::sliderSetSlot);
+    QObject::connect(m_slider, &SliderImpl::closeEntry, field, &NumericEntryImpl::sliderCloseSlot);
+    QObject::connect(m_slider, &SliderImpl::cancelEntry, field, &NumericEntryImpl::restoreValue);
+    // The double slider takes no part in the rotation.
+    if (rotating)
+        QObject::connect(rotating, &SingleSliderImpl::rotateEntryMechanism, field,
+                         &NumericEntryImpl::rotateEntryMechanism);
 }
 
 bool NumericEntryMechanisms::open(int selectorWidth)
@@ -86,9 +111,18 @@ void NumericEntryMechanisms::rotate(const QString& entry)
         if (m_wheel) {
             m_numpad->hide();
             showSpinWheel();
+        } else if (m_slider) {
+            m_numpad->hide();
+            showSlider();
         }
     } else if (entry == QLatin1String("SpinWheel") && m_wheel) {
         m_wheel->hide();
+        if (m_slider)
+            showSlider();
+        else
+            showNumpad();
+    } else if (entry == QLatin1String("SingleSlider") && m_slider) {
+        m_slider->hide();
         showNumpad();
     }
 }
@@ -107,7 +141,8 @@ void NumericEntryMechanisms::raise()
 
 bool NumericEntryMechanisms::isStepping() const
 {
-    return (m_wheel && m_wheel->isVisible()) || (m_numpad && m_numpad->isVisible() && m_numpad->realtimeUpdate());
+    return (m_wheel && m_wheel->isVisible()) || (m_slider && m_slider->isVisible())
+           || (m_numpad && m_numpad->isVisible() && m_numpad->realtimeUpdate());
 }
 
 void NumericEntryMechanisms::followField()
@@ -117,10 +152,20 @@ void NumericEntryMechanisms::followField()
         m_wheel->setValue(text);
         m_wheel->updateCursorPosition();
     }
+    if (m_slider && m_slider->isVisible()) {
+        m_slider->setValue(text, m_field->getUnit());
+        m_slider->updateCursorPosition();
+    }
     if (m_numpad && m_numpad->isVisible() && m_numpad->realtimeUpdate()) {
         m_numpad->setValue(text);
         m_numpad->updateCursorPosition();
     }
+}
+
+void NumericEntryMechanisms::clearSlider()
+{
+    if (m_slider)
+        m_slider->clear();
 }
 
 void NumericEntryMechanisms::setUnitList(const QStringList& labels)
@@ -131,6 +176,8 @@ void NumericEntryMechanisms::setUnitList(const QStringList& labels)
 
 void NumericEntryMechanisms::changePrecision(int precision)
 {
+    if (m_slider)
+        m_slider->changePrecision(precision);
     if (m_wheel)
         m_wheel->changePrecision(precision);
     if (m_numpad)
@@ -143,6 +190,8 @@ void NumericEntryMechanisms::updateSliderBounds(long key)
     const Kelvane::Value::Units unit = units.unit(key, units.baseUnit());
     const double lower = units.converted(m_field->m_lowerLimit, unit);
     const double upper = units.converted(m_field->m_upperLimit, unit);
+    if (m_slider)
+        m_slider->updateLimits(lower, upper);
     if (m_wheel)
         m_wheel->updateLimits(lower, upper);
     // A keypad that never steps keeps the limits it was made with.
@@ -176,6 +225,23 @@ void NumericEntryMechanisms::showSpinWheel()
     m_wheel->raise();
 }
 
+// Below the field the slider shares the keypad's upper edge, above it the
+// lower one; opened left of the field it shares the right edge.
+void NumericEntryMechanisms::showSlider()
+{
+    m_slider->setValue(m_field->m_valueEdit->text(), m_field->getUnit());
+    m_slider->updateCursorPosition();
+    const QSize size = m_slider->size();
+    const QSize pad = m_placement.padSize();
+    int x = m_placement.checkEntryWidthPos(size.width());
+    if (m_placement.isLeft() && x == m_placement.entryX())
+        x = m_placement.entryX() + pad.width() - size.width();
+    const int y = m_placement.isAbove() ? m_placement.entryY() + pad.height() - size.height() : m_placement.entryY();
+    m_slider->move(x, y);
+    m_slider->show();
+    m_slider->raise();
+}
+
 void NumericEntryMechanisms::moveToScreen()
 {
     QWidget* screen = GlobalImpl::getInstance()->systemModule()->getSystemScreen(QStringLiteral("MainWindow"));
@@ -190,7 +256,7 @@ void NumericEntryMechanisms::moveToScreen()
 QList<QWidget*> NumericEntryMechanisms::mechanisms() const
 {
     QList<QWidget*> made;
-    for (QWidget* mechanism : std::initializer_list<QWidget*>{m_numpad, m_wheel}) {
+    for (QWidget* mechanism : std::initializer_list<QWidget*>{m_numpad, m_wheel, m_slider}) {
         if (mechanism)
             made << mechanism;
     }

@@ -8,6 +8,7 @@
 
 class NumericEntryImpl;
 class NumpadEntryImpl;
+class SliderImpl;
 class SpinWheelImpl;
 class QWidget;
 
@@ -32,8 +33,11 @@ public:
     void addNumpad(bool isHex, bool realtimeUpdate);
     //! \a lower and \a upper in the base unit.
     void addSpinWheel(double lower, double upper);
+    //! A slider with one ruler when \a single, else the coarse and fine double slider; limits in the base unit.
+    void addSliderControl(bool single, double lower, double upper);
     NumpadEntryImpl* numpad() const;
     SpinWheelImpl* spinWheel() const;
+    SliderImpl* slider() const;
     //! Any mechanism at all.
     bool exists() const;
 
@@ -50,6 +54,8 @@ public:
     bool isStepping() const;
     //! An open mechanism that sends as it moves starts again from the box's value.
     void followField();
+    //! Blanks the slider's read-out, as the keypad's Clear does the field.
+    void clearSlider();
     void setUnitList(const QStringList& labels);
     void changePrecision(int precision);
     //! The stepping mechanisms run between the limits, in the unit of \a key.
@@ -58,6 +64,7 @@ public:
 private:
     void showNumpad();
     void showSpinWheel();
+    void showSlider();
     //! The mechanisms live on the screen, above every window of the form.
     void moveToScreen();
     QList<QWidget*> mechanisms() const;
@@ -66,6 +73,7 @@ private:
     // Guarded: a mechanism on the screen may die with the screen before the field.
     QPointer<NumpadEntryImpl> m_numpad;
     QPointer<SpinWheelImpl> m_wheel;
+    QPointer<SliderImpl> m_slider;
     EntryPlacement m_placement;
 };
 
