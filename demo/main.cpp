@@ -45,6 +45,15 @@ void showDemoLocks(QWidget* screen)
             emit widget->SetLocked(true);
 }
 
+// A form marks a numeric field "doubleSlider" to show the two-ruler slider,
+// which only a host gives a field, between the limits the engine gave it.
+void giveDoubleSliders(QWidget* screen)
+{
+    for (NumericEntryImpl* field : screen->findChildren<NumericEntryImpl*>())
+        if (field->property("doubleSlider").toBool())
+            field->addSliderControl(false, field->lowerLimit(), field->upperLimit());
+}
+
 // Without a display nobody touches the screen: the demo touches the toggle
 // buttons a form marks "touchedByDemo", so that the pictures show the
 // engine's answer to a touch.
@@ -217,8 +226,10 @@ int main(int argc, char* argv[])
         binder.addScreen(screen);
     bool firstBinding = true;
     QObject::connect(&binder, &EngineBinder::bound, &window, [&](int) {
-        for (QWidget* screen : qAsConst(screens))
+        for (QWidget* screen : qAsConst(screens)) {
             showDemoLocks(screen);
+            giveDoubleSliders(screen);
+        }
         if (!firstBinding)
             return;
         firstBinding = false;

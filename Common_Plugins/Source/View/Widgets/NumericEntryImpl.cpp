@@ -83,6 +83,8 @@ SpinWheelImpl* NumericEntryImpl::spinWheelWidget() const { return m_mechanisms.s
 SliderImpl* NumericEntryImpl::sliderWidget() const { return m_mechanisms.slider(); }
 ComboBoxImpl* NumericEntryImpl::unitSelectorWidget() const { return m_unitSelector.widget(); }
 double NumericEntryImpl::baseValue() const { return m_value; }
+double NumericEntryImpl::lowerLimit() const { return m_lowerLimit; }
+double NumericEntryImpl::upperLimit() const { return m_upperLimit; }
 Units NumericEntryImpl::getBaseUnit() const { return m_units.baseUnit(); }
 Units NumericEntryImpl::getDisplayUnit() const { return m_units.displayUnit(); }
 void NumericEntryImpl::setBroadcastUnit(const QString& unit) { m_units.setBroadcastUnit(unit); }

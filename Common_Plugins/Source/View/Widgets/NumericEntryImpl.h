@@ -114,6 +114,9 @@ public:
     ComboBoxImpl* unitSelectorWidget() const;
     //! The value in the base unit.
     double baseValue() const;
+    //! The engine's limits of a settable attribute, in the base unit; 0 before binding.
+    double lowerLimit() const;
+    double upperLimit() const;
     Kelvane::Value::Units getBaseUnit() const;
     Kelvane::Value::Units getDisplayUnit() const;
 
