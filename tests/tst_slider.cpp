@@ -148,6 +148,7 @@ private slots:
     void stepResetsOnANewValue();
     void markedDigit_data();
     void markedDigit();
+    void landscapeAndOpaqueVariants();
     void labelWindow_data();
     void labelWindow();
     void rotationKeyAndGap();
@@ -429,6 +430,23 @@ void TestSlider::markedDigit()
     slider.widget->updateCursorPosition();
     QCOMPARE(slider.reading->selectedText(), marked);
     QCOMPARE(slider.widget->getPower(), power); // the read-out never resets the step
+}
+
+// On a landscape screen the read-out is touched before it is marked; on an
+// opaque one the panel hides what lies behind it.
+void TestSlider::landscapeAndOpaqueVariants()
+{
+    qApp->setProperty("-size", QStringLiteral("landscape"));
+    qApp->setProperty("-notransparency", QStringLiteral("true"));
+    Slider slider = openSlider(QStringLiteral("12.34"), -1000.0, 1000.0, 2);
+    qApp->setProperty("-size", QVariant());
+    qApp->setProperty("-notransparency", QVariant());
+    slider.widget->setPower(-1.0);
+    slider.widget->updateCursorPosition();
+    QCOMPARE(slider.reading->selectedText(), QStringLiteral("12.3"));
+
+    const QImage picture = TestSupport::savePng(slider.widget.get(), QStringLiteral("slider_single_notransparency"));
+    QCOMPARE(picture.pixel(slider.widget->width() - 30, 100), qRgb(0, 0, 0));
 }
 
 void TestSlider::labelWindow_data()

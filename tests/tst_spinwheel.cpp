@@ -98,6 +98,7 @@ void TestSpinWheel::turnsGiveSteps_data()
         << "10" << 0.0 << 11.0 << 0 << 0 << clockwise << QStringList{"11"};
     QTest::newRow("a step past the lower limit is dropped")
         << "1" << 0.0 << 100.0 << 0 << 0 << steady(3.3, -0.1, 10, 30) << QStringList{"0"};
+    QTest::newRow("opened above the upper limit") << "150" << 0.0 << 100.0 << 0 << 0 << clockwise << QStringList();
     QTest::newRow("equal limits") << "5" << 5.0 << 5.0 << 0 << 0 << clockwise << QStringList();
     QTest::newRow("inverted limits") << "10" << 100.0 << 0.0 << 0 << 0 << clockwise << QStringList();
     QTest::newRow("limits not a number") << "10" << notANumber << notANumber << 0 << 0 << clockwise << QStringList();
