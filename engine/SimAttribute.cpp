@@ -136,6 +136,7 @@ SimAttribute::SimAttribute(const SimAttributeSetup& setup, SimPublisher& publish
               setup.limits.value_or(wholeRange(simKindInfo(setup.kind).payload)),
               setup.units, setup.xUnits, setup.enumEntries, setup.meter}
     , m_setupEntries(setup.enumEntries)
+    , m_refusedTexts(setup.refusedTexts)
     , m_simulator(setup.simulation)
 {
     if (m_name.empty())
@@ -197,6 +198,7 @@ void SimAttribute::receiveSet(const Brenmoor::LockerID& locker, const SimValue& 
     if (!writableBy(locker))
         throw Brenmoor::Operation_errors::Locked("held by another locker");
     checkInRange(value);
+    checkNotRefused(value);
     applyLocked(value);
 }
 
@@ -358,6 +360,13 @@ void SimAttribute::delaySetIfAsked(std::unique_lock<std::mutex>& guard)
     --m_hangsLeft;
     // Waiting on the condition frees the mutex, so reads go on meanwhile.
     m_wake.wait_for(guard, m_hang, [this] { return m_closed; });
+}
+
+void SimAttribute::checkNotRefused(const SimValue& value) const
+{
+    const std::string* text = std::get_if<std::string>(&value);
+    if (text && std::find(m_refusedTexts.begin(), m_refusedTexts.end(), *text) != m_refusedTexts.end())
+        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
 }
 
 void SimAttribute::failSetIfAsked()

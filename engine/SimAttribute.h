@@ -79,6 +79,8 @@ private:
     bool writableBy(const Brenmoor::LockerID& locker) const;
     void delaySetIfAsked(std::unique_lock<std::mutex>& guard);
     void failSetIfAsked();
+    //! A text the scenario names as refused is turned away as a bad parameter.
+    void checkNotRefused(const SimValue& value) const;
     void applyLocked(const SimValue& value);
     void reshapeLocked(const std::vector<SimEnumEntry>& entries);
     void publishValueLocked();
@@ -91,6 +93,7 @@ private:
     std::condition_variable m_wake;
     SimAttributeState m_state;
     const std::vector<SimEnumEntry> m_setupEntries;
+    const std::vector<std::string> m_refusedTexts;
     SimSimulator m_simulator;
     std::optional<Brenmoor::LockerID> m_owner;
     unsigned m_failuresLeft = 0;

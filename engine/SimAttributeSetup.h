@@ -55,8 +55,9 @@ struct SimMeter
   Ramp runs from min to max once per period and starts again; walk moves by
   up to a tenth of the range once per period; toggle flips a boolean (a
   number swaps between min and max); cycle steps an enum to its next enabled
-  entry (a number counts up by one from min to max); reshape changes an
-  enum's list once per period, dropping its last entry and then restoring it.
+  entry (a number counts up by one from min to max, a text goes to the next
+  of its texts); reshape changes an enum's list once per period, dropping
+  its last entry and then restoring it.
 */
 struct SimSimulation
 {
@@ -65,6 +66,7 @@ struct SimSimulation
     int periodMs = 1000;
     double min = 0.0;
     double max = 100.0;
+    std::vector<std::string> texts;  //!< UTF-8, what a text's cycle goes through
 };
 
 //! Everything the engine needs to declare one attribute.
@@ -79,6 +81,7 @@ struct SimAttributeSetup
     std::vector<SimEnumEntry> enumEntries;
     SimMeter meter;                   //!< of a meter reading
     SimSimulation simulation;
+    std::vector<std::string> refusedTexts;  //!< UTF-8; a set() of one of these is refused
 };
 
 #endif // SIMATTRIBUTESETUP_H

@@ -268,6 +268,15 @@ double simulationBoundIn(const QJsonValue& json, SimPayload payload, const QStri
     return bound;
 }
 
+std::vector<std::string> textsIn(const QJsonValue& json, const QString& where)
+{
+    std::vector<std::string> texts;
+    const QJsonArray list = listIn(json, where);
+    for (int i = 0; i < list.size(); ++i)
+        texts.push_back(sentStringIn(list.at(i), where + QStringLiteral("/%1").arg(i)));
+    return texts;
+}
+
 SimSimulation simulationIn(const QJsonValue& json, SimKind kind, const QString& where)
 {
     static const QMap<QString, SimSimulation::Kind> kinds = {{"ramp", SimSimulation::Kind::Ramp},
@@ -292,6 +301,8 @@ SimSimulation simulationIn(const QJsonValue& json, SimKind kind, const QString& 
         simulation.max = simulationBoundIn(object.value("max"), payload, where + "/max");
     if (simulation.min > simulation.max)
         fail(where + "/min", QStringLiteral("above max"));
+    if (object.contains("texts"))
+        simulation.texts = textsIn(object.value("texts"), where + "/texts");
     return simulation;
 }
 
@@ -334,6 +345,8 @@ SimAttributeSetup attributeIn(const QJsonValue& json, int position)
         setup.meter = meterIn(object.value("meter"), *kind, where + "/meter");
     if (object.contains("simulation"))
         setup.simulation = simulationIn(object.value("simulation"), *kind, where + "/simulation");
+    if (object.contains("refuse"))
+        setup.refusedTexts = textsIn(object.value("refuse"), where + "/refuse");
     if (setup.value && !simPayloadAccepts(payload, *setup.value))
         fail(where + "/value", QStringLiteral("the value is outside the range of the kind"));
     if (!SimSimulator::suits(setup.simulation, *kind))

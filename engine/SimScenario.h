@@ -28,7 +28,10 @@ class SimEngine;
   A meter reading may say what it is made of:
     "meter": { "items": [ { "type": 0 }, { "type": 4, "offset": -3 } ], "flags": [ 1 ] }
   each item a reading type (0 "Peak Positive" ... 8) at that distance from
-  the value, and the flags (0 to 6) that stay raised.
+  the value, and the flags (0 to 6) that stay raised. A text may cycle
+  through a list and refuse some texts when set:
+    "simulation": { "kind": "cycle", "period_ms": 2000, "texts": [ "a", "b" ] },
+    "refuse": [ "forbidden" ]
   Everything but name and kind may be left out; what is given must have
   the type and range the engine sends it in (32-bit whole numbers for a
   long's value and limits, floats for a basic trace). A name is unique, at

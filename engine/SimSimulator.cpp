@@ -27,6 +27,7 @@ bool SimSimulator::suits(const SimSimulation& simulation, SimKind kind)
     case SimPayload::Boolean:
         return simulation.kind == Kind::Toggle;
     case SimPayload::String:
+        return simulation.kind == Kind::Cycle && !simulation.texts.empty();
     case SimPayload::BasicTrace:
     case SimPayload::ComplexTrace:
         return false;
@@ -41,6 +42,8 @@ std::optional<SimValue> SimSimulator::advance(Clock::time_point now, const SimAt
         return std::nullopt;
     if (const bool* flag = std::get_if<bool>(&state.value))
         return SimValue(!*flag);
+    if (const std::string* text = std::get_if<std::string>(&state.value))
+        return SimValue(nextText(*text));
     if (!state.enumEntries.empty())
         return nextEntry(state);
     const double next = nextNumber(now, SimRecords::numberOf(state.value));
@@ -93,6 +96,13 @@ std::optional<std::vector<SimEnumEntry>> SimSimulator::nextList(Clock::time_poin
     if (state.enumEntries.size() < whole.size())
         return whole;
     return std::vector<SimEnumEntry>(whole.begin(), whole.end() - 1);
+}
+
+std::string SimSimulator::nextText(const std::string& current) const
+{
+    const std::vector<std::string>& texts = m_simulation.texts;
+    const auto it = std::find(texts.begin(), texts.end(), current);
+    return it == texts.end() || it + 1 == texts.end() ? texts.front() : *(it + 1);
 }
 
 SimValue SimSimulator::nextEntry(const SimAttributeState& state)

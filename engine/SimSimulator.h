@@ -32,6 +32,8 @@ private:
     bool due(Clock::time_point now);
     double nextNumber(Clock::time_point now, double current);
     static SimValue nextEntry(const SimAttributeState& state);
+    //! The text after \a current in the cycle; the first after the last or after one not in it.
+    std::string nextText(const std::string& current) const;
 
     SimSimulation m_simulation;
     Clock::time_point m_start;

@@ -185,6 +185,7 @@ private slots:
     void limitsChangeIsAnnounced();
     void rampMovesTheValue();
     void reshapeChangesTheListAndKeepsTheValueListed();
+    void textsCycleTravelWholeAndRefuseWhatTheyAreTold();
     void scenarioRejectsBadInput_data();
     void scenarioRejectsBadInput();
     void scenarioAcceptsValuesAtTheirBounds_data();
@@ -236,12 +237,16 @@ void TestSimEngine::initTestCase()
     m_engine->addAttribute(meter);
     m_engine->addAttribute(setup("Trace", SimKind::BasicTrace, std::vector<float>{1, 2, 3}, SimLimits{0, 100, 1}));
     SimAttributeSetup ramp = setup("Ramp", SimKind::ReadingLong, std::int64_t{0});
-    ramp.simulation = {SimSimulation::Kind::Ramp, 1000, 0, 100};
+    ramp.simulation = {SimSimulation::Kind::Ramp, 1000, 0, 100, {}};
     m_engine->addAttribute(ramp);
     SimAttributeSetup filter = setup("Filter", SimKind::AttribEnum, std::int64_t{3});
     filter.enumEntries = {{1, "Narrow", true}, {2, "Wide", true}, {3, "Open", true}};
-    filter.simulation = {SimSimulation::Kind::Reshape, 500, 0, 0};
+    filter.simulation = {SimSimulation::Kind::Reshape, 500, 0, 0, {}};
     m_engine->addAttribute(filter);
+    SimAttributeSetup motto = setup("Motto", SimKind::AttribString, std::string("first"));
+    motto.simulation = {SimSimulation::Kind::Cycle, 200, 0, 0, {"first", "second"}};
+    motto.refusedTexts = {"forbidden"};
+    m_engine->addAttribute(motto);
 
     // Through the ORB from a stringified reference, as a host finds the engine.
     Brenmoor::AttributeDirectory_var local = m_engine->directory();
@@ -538,6 +543,23 @@ void TestSimEngine::reshapeChangesTheListAndKeepsTheValueListed()
         QCOMPARE(filter->value(), 1);
 }
 
+void TestSimEngine::textsCycleTravelWholeAndRefuseWhatTheyAreTold()
+{
+    auto motto = narrowed<Brenmoor::EngineAttribString>(m_directory, "Motto");
+    auto valueOf = [&motto] { return QString::fromUtf8(CORBA::String_var(motto->value()).in()); };
+    QTRY_COMPARE(valueOf(), QStringLiteral("second"));
+    QTRY_COMPARE(valueOf(), QStringLiteral("first"));
+
+    try {
+        motto->set(owner, "forbidden");
+        QFAIL("a refused text was taken");
+    } catch (const CORBA::BAD_PARAM&) {
+    }
+    const QString text = QStringLiteral("Grüße \u6f22\u5b57 \u0645\u0631\u062d\u0628\u0627\tline\nnext");
+    motto->set(owner, text.toUtf8().constData());
+    QCOMPARE(std::get<std::string>(m_engine->value("Motto")), text.toStdString());
+}
+
 void TestSimEngine::scenarioRejectsBadInput_data()
 {
     QTest::addColumn<QByteArray>("json");
@@ -557,6 +579,13 @@ void TestSimEngine::scenarioRejectsBadInput_data()
     QTest::newRow("walk on a boolean")
         << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineAttribBoolean","simulation":{"kind":"walk"}}]})")
         << "does not suit";
+    QTest::newRow("cycle of a text without texts")
+        << oneAttribute(R"("kind":"EngineAttribString","simulation":{"kind":"cycle"})") << "does not suit";
+    QTest::newRow("texts not strings")
+        << oneAttribute(R"("kind":"EngineAttribString","simulation":{"kind":"cycle","texts":[1]})")
+        << "A/simulation/texts/0: a string is needed";
+    QTest::newRow("refused texts not a list") << oneAttribute(R"("kind":"EngineAttribString","refuse":"x")")
+                                              << "A/refuse: a list is needed";
     QTest::newRow("unknown simulation")
         << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineReadingLong","simulation":{"kind":"spin"}}]})")
         << "spin";

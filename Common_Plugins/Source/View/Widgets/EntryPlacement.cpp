@@ -1,5 +1,7 @@
 #include "EntryPlacement.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 
 namespace {
@@ -90,11 +92,18 @@ int EntryPlacement::checkEntryHeightPos(int height) const
     return height + m_entryY > m_screen.height() ? m_screen.height() - height - m_margin : m_entryY;
 }
 
+QSize EntryPlacement::areaSize(const QWidget* area)
+{
+    if (area)
+        return area->size();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->size() : QSize(800, 480);
+}
+
 EntryPlacement EntryPlacement::place(QWidget* mechanism, const QWidget* field, int selectorWidth)
 {
     const QWidget* area = mechanism->parentWidget();
-    const EntryPlacement placement(fieldRect(field, area), mechanism->size(), selectorWidth,
-                                   area ? area->size() : QSize(800, 480));
+    const EntryPlacement placement(fieldRect(field, area), mechanism->size(), selectorWidth, areaSize(area));
     mechanism->move(placement.position());
     return placement;
 }

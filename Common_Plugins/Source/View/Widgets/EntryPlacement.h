@@ -36,6 +36,8 @@ public:
       a window of its own.
     */
     static QRect fieldRect(const QWidget* field, const QWidget* area);
+    //! The size of \a area, the widget a mechanism opens on; the screen's without one.
+    static QSize areaSize(const QWidget* area);
     //! Moves \a mechanism beside \a field on the mechanism's parent (the screen without one).
     static EntryPlacement place(QWidget* mechanism, const QWidget* field, int selectorWidth);
 
