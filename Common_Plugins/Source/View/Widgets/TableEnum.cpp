@@ -20,9 +20,7 @@ TableEnum::TableEnum(QWidget* parent)
     setObjectName(QStringLiteral("TableEnum"));
     view->setOnWhitePanel(true);
     connect(view, &TableViewImpl::highlightChanged, this, &TableEnum::rowSelectedEvent);
-    // The DDS thread waits until the view has selected the row. The receiver
-    // is the table itself, whose teardown wakes a waiting DDS thread.
-    connect(this, &TableEnum::rowUpdate, this, &TableEnum::followRow, Qt::BlockingQueuedConnection);
+    connect(this, &TableEnum::rowUpdate, this, &TableEnum::followRow);
     connect(this, &TableEnum::synchronize, this, &TableEnum::syncTable, Qt::BlockingQueuedConnection);
 }
 
@@ -143,7 +141,12 @@ void TableEnum::getCorbaValue()
 void TableEnum::dds_callback(const char*, int value)
 {
     currentValue = value;
-    emit rowUpdate(rowOfValue.rowOf(value));
+    // The row is found on the interface thread, which alone rebuilds the
+    // map when the list changes: found here, it could be a row of the old
+    // list. The DDS thread waits until the view has selected it; the
+    // table's teardown wakes a waiting DDS thread.
+    QMetaObject::invokeMethod(
+        this, [this, value] { emit rowUpdate(rowOfValue.rowOf(value)); }, Qt::BlockingQueuedConnection);
 }
 
 void TableEnum::dds_params_callback(const char*)
