@@ -94,7 +94,7 @@ void BaseEntryImpl::setCursorPosition(int position)
 
 void BaseEntryImpl::insert(const QString& text)
 {
-    const QLineEdit* source = m_targetEdit ? m_targetEdit : m_echoEdit;
+    const QLineEdit* source = editedLine();
     if (!source)
         return;
     QString candidate = source->text();
@@ -114,12 +114,31 @@ void BaseEntryImpl::insert(const QString& text)
     });
 }
 
+bool BaseEntryImpl::eraseBeforeCursor()
+{
+    QLineEdit* source = editedLine();
+    const int cursor = source ? source->cursorPosition() : 0;
+    if (cursor == 0)
+        return false;
+    QString text = source->text();
+    int start = cursor - 1;
+    // A character beyond the 16-bit range is stored as a surrogate pair; half of one is no character.
+    if (start > 0 && text.at(start).isLowSurrogate() && text.at(start - 1).isHighSurrogate())
+        --start;
+    text.remove(start, cursor - start);
+    setText(text);
+    source->setCursorPosition(start);
+    return true;
+}
+
 bool BaseEntryImpl::hasValidEdits() const { return m_targetEdit && m_echoEdit; }
 
 int BaseEntryImpl::getWidth() const { return m_padWidth; }
 void BaseEntryImpl::setWidth(int width) { m_padWidth = width; }
 int BaseEntryImpl::getHeight() const { return m_padHeight; }
 void BaseEntryImpl::setHeight(int height) { m_padHeight = height; }
+
+QLineEdit* BaseEntryImpl::editedLine() const { return m_targetEdit ? m_targetEdit : m_echoEdit; }
 
 QLayout* BaseEntryImpl::getEntryMechanismLayout() { return getContainerFrame()->layout(); }
 QFrame* BaseEntryImpl::getEntryFrame() { return m_entryFrame; }

@@ -44,6 +44,11 @@ public:
     void setCursorPosition(int position);
     //! Replaces the field's selection by \a text and leaves the cursor behind it, in both edits.
     void insert(const QString& text);
+    /*!
+      Takes the character before the field's cursor out of both edits and
+      leaves the cursor where it stood; false, and nothing done, at the start.
+    */
+    bool eraseBeforeCursor();
     //! Both the field and the echo exist.
     bool hasValidEdits() const;
 
@@ -76,6 +81,8 @@ protected:
     QLabel* m_gapLabel = nullptr;
 
 private:
+    //! The edit whose text and cursor the keys work on: the field, else the echo.
+    QLineEdit* editedLine() const;
     //! Runs \a apply on the field and the echo, each if it exists.
     template<typename Apply>
     void forEachEdit(Apply apply);

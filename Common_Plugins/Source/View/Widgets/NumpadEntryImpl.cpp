@@ -340,17 +340,12 @@ void NumpadEntryImpl::placeEnterKey()
 
 void NumpadEntryImpl::backspace()
 {
-    const int cursor = m_targetEdit->cursorPosition();
-    if (cursor == 0)
+    if (!eraseBeforeCursor())
         return;
-    QString text = m_targetEdit->text();
-    text.remove(cursor - 1, 1);
     // A sign alone is no number.
-    if (text == QLatin1String("-"))
-        text.clear();
-    setText(text);
-    m_targetEdit->setCursorPosition(cursor - 1);
-    if (text.isEmpty())
+    if (m_targetEdit->text() == QLatin1String("-"))
+        clear();
+    if (m_targetEdit->text().isEmpty())
         emit clearEntry();
     else
         emit valueChanged();
