@@ -8,6 +8,53 @@
 #include <QPushButton>
 #include <QRegExpValidator>
 
+namespace {
+
+// The keys of every pad, by object name.
+QString padKeyStyle()
+{
+    using Corners = EntryPanel::KeyCorners;
+    const QString small = QStringLiteral("font-size: 14px; text-align: bottom;");
+    const QString medium = QStringLiteral("font-size: 16px;");
+    const QString step = QStringLiteral("font-size: 18px;");
+    return EntryPanel::keyRule("kbBtn", "1px 0px 0px 1px")
+        + EntryPanel::keyRule("kbBtnLeft", "1px 0px 0px 1px", Corners::Left)
+        + EntryPanel::keyRule("kbBtnRight", "1px 1px 0px 1px", Corners::Right)
+        + EntryPanel::keyRule("kbBtnAllRound", "1px 1px 1px 1px", Corners::All)
+        + EntryPanel::keyRule("kbBtnBottomAllRound", "1px 1px 1px 1px", Corners::All)
+        + EntryPanel::keyRule("kbBtnBottomLeft", "1px 0px 1px 1px", Corners::Left)
+        + EntryPanel::keyRule("kbBtnBottom", "1px 0px 1px 1px")
+        + EntryPanel::keyRule("kbBtnBottomRight", "1px 1px 1px 1px", Corners::Right)
+        + EntryPanel::keyRule("cancel", "1px 0px 0px 1px", Corners::Left, small)
+        + EntryPanel::keyRule("clear", "1px 0px 0px 1px", Corners::Square, small)
+        + EntryPanel::keyRule("bksp", "1px 1px 0px 1px", Corners::Right,
+                              QStringLiteral("image: url(:/images/backspace.png); image-position: right center;"))
+        + EntryPanel::keyRule("upArrow", "1px 0px 0px 1px", Corners::Square,
+                              QStringLiteral("image: url(:/images/upArrow.png); image-position: center;"))
+        + EntryPanel::keyRule("downArrow", "1px 0px 0px 1px", Corners::Square,
+                              QStringLiteral("image: url(:/images/downArrow.png); image-position: center;"))
+        + EntryPanel::keyRule("enter", "1px 1px 1px 1px", Corners::Right,
+                              medium
+                                  + QStringLiteral(" text-align: bottom; background-color: qlineargradient(x1:0,"
+                                                   " y1:0, x2:0, y2:1, stop:0 rgba(0,255,0,170),"
+                                                   " stop:1 rgba(0,255,0,50));"))
+        + EntryPanel::keyRule("unit", "1px 1px 0px 1px", Corners::Right, medium)
+        + EntryPanel::keyRule("lastUnit", "1px 1px 1px 1px", Corners::Right, medium)
+        + EntryPanel::keyRule("incr", "1px 0px 0px 1px", Corners::Square, step)
+        + EntryPanel::keyRule("decr", "1px 0px 1px 1px", Corners::Square, step)
+        + QStringLiteral("QPushButton#kbBtn:disabled, QPushButton#kbBtnBottomLeft:disabled,"
+                         " QPushButton#kbBtnBottom:disabled, QPushButton#kbBtnRight:disabled"
+                         " { background-color: #555; }"
+                         "QPushButton#bksp:pressed { image: url(:/images/bksp_pressed.png); background-color: white; }"
+                         "QPushButton#upArrow:pressed { image: url(:/images/upArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#downArrow:pressed { image: url(:/images/downArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#enter:pressed { background-color: #0b0; }");
+}
+
+} // namespace
+
 template<typename Apply>
 void BaseEntryImpl::forEachEdit(Apply apply)
 {
@@ -19,7 +66,7 @@ void BaseEntryImpl::forEachEdit(Apply apply)
 
 BaseEntryImpl::BaseEntryImpl(QObject* target, QWidget* parent, int width, int height)
     : ContainerImpl(parent)
-    , m_styleText(EntryPanel::frameStyle(QStringLiteral("QFrame#TopOverlay, QFrame#BottomOverlay")))
+    , m_styleText(EntryPanel::frameStyle(QStringLiteral("QFrame#TopOverlay, QFrame#BottomOverlay")) + padKeyStyle())
     , m_targetEdit(qobject_cast<QLineEdit*>(target))
     , m_validator(new QRegExpValidator(QRegExp(QStringLiteral(".*")), this))
     , m_padWidth(width)

@@ -4,6 +4,7 @@
 #include "ContainerImpl.h"
 
 #include <QCoreApplication>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -72,6 +73,40 @@ QString EntryPanel::frameStyle(const QString& overlaySelector)
     if (opaque())
         style += QStringLiteral("QFrame#MainFrame{    background-color: #000;}");
     return style;
+}
+
+QString EntryPanel::keyRule(const char* name, const char* widths, KeyCorners corners, const QString& extra)
+{
+    QString rounded;
+    switch (corners) {
+    case KeyCorners::Square:
+        break;
+    case KeyCorners::Left:
+        rounded = QStringLiteral(" border-top-left-radius: 10px; border-bottom-left-radius: 10px;");
+        break;
+    case KeyCorners::Right:
+        rounded = QStringLiteral(" border-top-right-radius: 10px; border-bottom-right-radius: 10px;");
+        break;
+    case KeyCorners::All:
+        rounded = QStringLiteral(" border-radius: 10px;");
+        break;
+    }
+    return QStringLiteral("QPushButton#%1 { border-width: %2;%3 %4 }")
+        .arg(QLatin1String(name), QLatin1String(widths), rounded, extra);
+}
+
+QGridLayout* EntryPanel::keyGrid()
+{
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    return grid;
+}
+
+void EntryPanel::shareColumns(QGridLayout* grid)
+{
+    for (int column = 0; column < grid->columnCount(); ++column)
+        grid->setColumnStretch(column, 1);
 }
 
 QString EntryPanel::rotateKeyStyle()

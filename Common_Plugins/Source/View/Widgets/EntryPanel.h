@@ -6,6 +6,7 @@
 class ContainerImpl;
 class QEvent;
 class QFrame;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QSize;
@@ -36,6 +37,18 @@ public:
                        const char* lowerOverlay);
     //! The panel's rules, with \a overlaySelector for the overlay frames.
     static QString frameStyle(const QString& overlaySelector);
+    //! Which corners of a key are rounded, where a row of keys ends.
+    enum class KeyCorners { Square, Left, Right, All };
+    /*!
+      The rule of the keys named \a name: \a widths are the top, right, bottom
+      and left widths of their white border, \a extra any further declarations.
+    */
+    static QString keyRule(const char* name, const char* widths, KeyCorners corners = KeyCorners::Square,
+                           const QString& extra = QString());
+    //! A grid for keys that touch: no margin, no spacing.
+    static QGridLayout* keyGrid();
+    //! Gives every column of \a grid the same share of its width.
+    static void shareColumns(QGridLayout* grid);
     //! The look of the key that hands over to the next mechanism ("RotateEntry").
     static QString rotateKeyStyle();
     //! The rule of a key pressed to confirm: a rim of \a rimColour and a green glow behind.
