@@ -189,13 +189,16 @@ QLineEdit* BaseEntryImpl::editedLine() const { return m_targetEdit ? m_targetEdi
 
 QLayout* BaseEntryImpl::getEntryMechanismLayout() { return getContainerFrame()->layout(); }
 QFrame* BaseEntryImpl::getEntryFrame() { return m_entryFrame; }
-QFrame* BaseEntryImpl::getMainFrame() { return m_mainFrame; }
+QFrame* BaseEntryImpl::getMainFrame() { return m_panel.mainFrame; }
 
 bool BaseEntryImpl::eventFilter(QObject* watched, QEvent* event)
 {
     // The gap between the echo and the keys is no handle: a touch there must not drag the pad.
     if (watched == m_gapLabel && EntryPanel::isPointerEvent(event))
         return true;
+    // A pad without a maximum size may be given the whole screen.
+    if (watched == m_panel.mainFrame && event->type() == QEvent::Resize)
+        placePanel(m_panel.mainFrame->size());
     return ContainerImpl::eventFilter(watched, event);
 }
 
@@ -207,17 +210,22 @@ void BaseEntryImpl::buttonPress()
 
 void BaseEntryImpl::Initialize()
 {
-    const int w = m_padWidth;
-    const int h = m_padHeight;
-    const EntryPanel::Parts parts = EntryPanel::build(this, QSize(w, h), "TopOverlay", "BottomOverlay");
-    m_mainFrame = parts.mainFrame;
-    m_echoEdit = parts.readOut;
+    const QSize size(m_padWidth, m_padHeight);
+    m_panel = EntryPanel::build(this, size, "TopOverlay", "BottomOverlay");
+    m_echoEdit = m_panel.readOut;
     if (m_targetEdit)
         m_echoEdit->setEchoMode(m_targetEdit->echoMode());
-    m_gapLabel = parts.gap;
+    m_gapLabel = m_panel.gap;
     m_gapLabel->installEventFilter(this);
-    m_entryFrame = new QFrame(m_mainFrame);
+    m_entryFrame = new QFrame(m_panel.mainFrame);
     m_entryFrame->setObjectName(QStringLiteral("EntryFrame"));
-    m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(w - 1, h - 51)));
-    resize(w, h);
+    placePanel(size);
+    m_panel.mainFrame->installEventFilter(this);
+    resize(size);
+}
+
+void BaseEntryImpl::placePanel(const QSize& size)
+{
+    EntryPanel::place(m_panel, size);
+    m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(size.width() - 1, size.height() - 51)));
 }

@@ -2,6 +2,7 @@
 #define BASEENTRYIMPL_H
 
 #include "ContainerImpl.h"
+#include "EntryPanel.h"
 
 #include <QMap>
 
@@ -83,6 +84,8 @@ protected:
 private:
     //! The edit whose text and cursor the keys work on: the field, else the echo.
     QLineEdit* editedLine() const;
+    //! Lays the echo, the overlays and the entry frame over a main frame of \a size.
+    void placePanel(const QSize& size);
     //! Runs \a apply on the field and the echo, each if it exists.
     template<typename Apply>
     void forEachEdit(Apply apply);
@@ -91,7 +94,7 @@ private:
     int m_padWidth = 0;
     int m_padHeight = 0;
     QMap<QString, QPushButton*> m_buttons;
-    QFrame* m_mainFrame = nullptr;
+    EntryPanel::Parts m_panel;
     QFrame* m_entryFrame = nullptr;
 };
 

@@ -11,11 +11,10 @@
 
 namespace {
 
-QFrame* placedFrame(const char* name, const QRect& area, QWidget* parent)
+QFrame* namedFrame(const char* name, QWidget* parent)
 {
     auto* frame = new QFrame(parent);
     frame->setObjectName(QLatin1String(name));
-    frame->setGeometry(area);
     return frame;
 }
 
@@ -30,8 +29,6 @@ bool opaque()
 EntryPanel::Parts EntryPanel::build(ContainerImpl* container, const QSize& size, const char* upperOverlay,
                                     const char* lowerOverlay)
 {
-    const int w = size.width();
-    const int h = size.height();
     Parts parts;
     parts.mainFrame = new QFrame;
     parts.mainFrame->setObjectName(QStringLiteral("MainFrame"));
@@ -42,15 +39,24 @@ EntryPanel::Parts EntryPanel::build(ContainerImpl* container, const QSize& size,
     // The upper overlay takes the place of the container's title bar.
     container->setLayout(row, false);
 
-    placedFrame(upperOverlay, QRect(QPoint(0, 0), QPoint(w - 61, 63)), parts.mainFrame);
+    parts.upperOverlay = namedFrame(upperOverlay, parts.mainFrame);
     parts.readOut = new QLineEdit(parts.mainFrame);
-    parts.readOut->setGeometry(QRect(QPoint(10, 10), QPoint(w - 11, 49)));
     parts.readOut->setReadOnly(true);
     parts.readOut->setEnabled(false);
     parts.gap = new QLabel(parts.mainFrame);
-    parts.gap->setGeometry(QRect(QPoint(18, 62), QPoint(w - 19, 79)));
-    placedFrame(lowerOverlay, QRect(QPoint(0, 78), QPoint(w - 61, h - 5)), parts.mainFrame);
+    parts.lowerOverlay = namedFrame(lowerOverlay, parts.mainFrame);
+    place(parts, size);
     return parts;
+}
+
+void EntryPanel::place(const Parts& parts, const QSize& size)
+{
+    const int w = size.width();
+    const int h = size.height();
+    parts.upperOverlay->setGeometry(QRect(QPoint(0, 0), QPoint(w - 61, 63)));
+    parts.readOut->setGeometry(QRect(QPoint(10, 10), QPoint(w - 11, 49)));
+    parts.gap->setGeometry(QRect(QPoint(18, 62), QPoint(w - 19, 79)));
+    parts.lowerOverlay->setGeometry(QRect(QPoint(0, 78), QPoint(w - 61, h - 5)));
 }
 
 QString EntryPanel::frameStyle(const QString& overlaySelector)

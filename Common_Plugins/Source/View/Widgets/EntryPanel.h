@@ -26,6 +26,8 @@ public:
         QFrame* mainFrame = nullptr;
         QLineEdit* readOut = nullptr;
         QLabel* gap = nullptr;
+        QFrame* upperOverlay = nullptr;
+        QFrame* lowerOverlay = nullptr;
     };
 
     /*!
@@ -35,6 +37,8 @@ public:
     */
     static Parts build(ContainerImpl* container, const QSize& size, const char* upperOverlay,
                        const char* lowerOverlay);
+    //! Lays the read-out, the gap and the overlays over a main frame of \a size, as build() does at first.
+    static void place(const Parts& parts, const QSize& size);
     //! The panel's rules, with \a overlaySelector for the overlay frames.
     static QString frameStyle(const QString& overlaySelector);
     //! Which corners of a key are rounded, where a row of keys ends.
