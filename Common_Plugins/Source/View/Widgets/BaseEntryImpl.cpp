@@ -8,6 +8,53 @@
 #include <QPushButton>
 #include <QRegExpValidator>
 
+namespace {
+
+// The keys of every pad, by object name.
+QString padKeyStyle()
+{
+    using Corners = EntryPanel::KeyCorners;
+    const QString small = QStringLiteral("font-size: 14px; text-align: bottom;");
+    const QString medium = QStringLiteral("font-size: 16px;");
+    const QString step = QStringLiteral("font-size: 18px;");
+    return EntryPanel::keyRule("kbBtn", "1px 0px 0px 1px")
+        + EntryPanel::keyRule("kbBtnLeft", "1px 0px 0px 1px", Corners::Left)
+        + EntryPanel::keyRule("kbBtnRight", "1px 1px 0px 1px", Corners::Right)
+        + EntryPanel::keyRule("kbBtnAllRound", "1px 1px 1px 1px", Corners::All)
+        + EntryPanel::keyRule("kbBtnBottomAllRound", "1px 1px 1px 1px", Corners::All)
+        + EntryPanel::keyRule("kbBtnBottomLeft", "1px 0px 1px 1px", Corners::Left)
+        + EntryPanel::keyRule("kbBtnBottom", "1px 0px 1px 1px")
+        + EntryPanel::keyRule("kbBtnBottomRight", "1px 1px 1px 1px", Corners::Right)
+        + EntryPanel::keyRule("cancel", "1px 0px 0px 1px", Corners::Left, small)
+        + EntryPanel::keyRule("clear", "1px 0px 0px 1px", Corners::Square, small)
+        + EntryPanel::keyRule("bksp", "1px 1px 0px 1px", Corners::Right,
+                              QStringLiteral("image: url(:/images/backspace.png); image-position: right center;"))
+        + EntryPanel::keyRule("upArrow", "1px 0px 0px 1px", Corners::Square,
+                              QStringLiteral("image: url(:/images/upArrow.png); image-position: center;"))
+        + EntryPanel::keyRule("downArrow", "1px 0px 0px 1px", Corners::Square,
+                              QStringLiteral("image: url(:/images/downArrow.png); image-position: center;"))
+        + EntryPanel::keyRule("enter", "1px 1px 1px 1px", Corners::Right,
+                              medium
+                                  + QStringLiteral(" text-align: bottom; background-color: qlineargradient(x1:0,"
+                                                   " y1:0, x2:0, y2:1, stop:0 rgba(0,255,0,170),"
+                                                   " stop:1 rgba(0,255,0,50));"))
+        + EntryPanel::keyRule("unit", "1px 1px 0px 1px", Corners::Right, medium)
+        + EntryPanel::keyRule("lastUnit", "1px 1px 1px 1px", Corners::Right, medium)
+        + EntryPanel::keyRule("incr", "1px 0px 0px 1px", Corners::Square, step)
+        + EntryPanel::keyRule("decr", "1px 0px 1px 1px", Corners::Square, step)
+        + QStringLiteral("QPushButton#kbBtn:disabled, QPushButton#kbBtnBottomLeft:disabled,"
+                         " QPushButton#kbBtnBottom:disabled, QPushButton#kbBtnRight:disabled"
+                         " { background-color: #555; }"
+                         "QPushButton#bksp:pressed { image: url(:/images/bksp_pressed.png); background-color: white; }"
+                         "QPushButton#upArrow:pressed { image: url(:/images/upArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#downArrow:pressed { image: url(:/images/downArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#enter:pressed { background-color: #0b0; }");
+}
+
+} // namespace
+
 template<typename Apply>
 void BaseEntryImpl::forEachEdit(Apply apply)
 {
@@ -19,7 +66,7 @@ void BaseEntryImpl::forEachEdit(Apply apply)
 
 BaseEntryImpl::BaseEntryImpl(QObject* target, QWidget* parent, int width, int height)
     : ContainerImpl(parent)
-    , m_styleText(EntryPanel::frameStyle(QStringLiteral("QFrame#TopOverlay, QFrame#BottomOverlay")))
+    , m_styleText(EntryPanel::frameStyle(QStringLiteral("QFrame#TopOverlay, QFrame#BottomOverlay")) + padKeyStyle())
     , m_targetEdit(qobject_cast<QLineEdit*>(target))
     , m_validator(new QRegExpValidator(QRegExp(QStringLiteral(".*")), this))
     , m_padWidth(width)
@@ -94,7 +141,7 @@ void BaseEntryImpl::setCursorPosition(int position)
 
 void BaseEntryImpl::insert(const QString& text)
 {
-    const QLineEdit* source = m_targetEdit ? m_targetEdit : m_echoEdit;
+    const QLineEdit* source = editedLine();
     if (!source)
         return;
     QString candidate = source->text();
@@ -114,6 +161,23 @@ void BaseEntryImpl::insert(const QString& text)
     });
 }
 
+bool BaseEntryImpl::eraseBeforeCursor()
+{
+    QLineEdit* source = editedLine();
+    const int cursor = source ? source->cursorPosition() : 0;
+    if (cursor == 0)
+        return false;
+    QString text = source->text();
+    int start = cursor - 1;
+    // A character beyond the 16-bit range is stored as a surrogate pair; half of one is no character.
+    if (start > 0 && text.at(start).isLowSurrogate() && text.at(start - 1).isHighSurrogate())
+        --start;
+    text.remove(start, cursor - start);
+    setText(text);
+    source->setCursorPosition(start);
+    return true;
+}
+
 bool BaseEntryImpl::hasValidEdits() const { return m_targetEdit && m_echoEdit; }
 
 int BaseEntryImpl::getWidth() const { return m_padWidth; }
@@ -121,15 +185,20 @@ void BaseEntryImpl::setWidth(int width) { m_padWidth = width; }
 int BaseEntryImpl::getHeight() const { return m_padHeight; }
 void BaseEntryImpl::setHeight(int height) { m_padHeight = height; }
 
+QLineEdit* BaseEntryImpl::editedLine() const { return m_targetEdit ? m_targetEdit : m_echoEdit; }
+
 QLayout* BaseEntryImpl::getEntryMechanismLayout() { return getContainerFrame()->layout(); }
 QFrame* BaseEntryImpl::getEntryFrame() { return m_entryFrame; }
-QFrame* BaseEntryImpl::getMainFrame() { return m_mainFrame; }
+QFrame* BaseEntryImpl::getMainFrame() { return m_panel.mainFrame; }
 
 bool BaseEntryImpl::eventFilter(QObject* watched, QEvent* event)
 {
     // The gap between the echo and the keys is no handle: a touch there must not drag the pad.
     if (watched == m_gapLabel && EntryPanel::isPointerEvent(event))
         return true;
+    // A pad without a maximum size may be given the whole screen.
+    if (watched == m_panel.mainFrame && event->type() == QEvent::Resize)
+        placePanel(m_panel.mainFrame->size());
     return ContainerImpl::eventFilter(watched, event);
 }
 
@@ -141,17 +210,22 @@ void BaseEntryImpl::buttonPress()
 
 void BaseEntryImpl::Initialize()
 {
-    const int w = m_padWidth;
-    const int h = m_padHeight;
-    const EntryPanel::Parts parts = EntryPanel::build(this, QSize(w, h), "TopOverlay", "BottomOverlay");
-    m_mainFrame = parts.mainFrame;
-    m_echoEdit = parts.readOut;
+    const QSize size(m_padWidth, m_padHeight);
+    m_panel = EntryPanel::build(this, size, "TopOverlay", "BottomOverlay");
+    m_echoEdit = m_panel.readOut;
     if (m_targetEdit)
         m_echoEdit->setEchoMode(m_targetEdit->echoMode());
-    m_gapLabel = parts.gap;
+    m_gapLabel = m_panel.gap;
     m_gapLabel->installEventFilter(this);
-    m_entryFrame = new QFrame(m_mainFrame);
+    m_entryFrame = new QFrame(m_panel.mainFrame);
     m_entryFrame->setObjectName(QStringLiteral("EntryFrame"));
-    m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(w - 1, h - 51)));
-    resize(w, h);
+    placePanel(size);
+    m_panel.mainFrame->installEventFilter(this);
+    resize(size);
+}
+
+void BaseEntryImpl::placePanel(const QSize& size)
+{
+    EntryPanel::place(m_panel, size);
+    m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(size.width() - 1, size.height() - 51)));
 }

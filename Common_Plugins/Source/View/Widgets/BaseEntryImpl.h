@@ -2,6 +2,7 @@
 #define BASEENTRYIMPL_H
 
 #include "ContainerImpl.h"
+#include "EntryPanel.h"
 
 #include <QMap>
 
@@ -44,6 +45,11 @@ public:
     void setCursorPosition(int position);
     //! Replaces the field's selection by \a text and leaves the cursor behind it, in both edits.
     void insert(const QString& text);
+    /*!
+      Takes the character before the field's cursor out of both edits and
+      leaves the cursor where it stood; false, and nothing done, at the start.
+    */
+    bool eraseBeforeCursor();
     //! Both the field and the echo exist.
     bool hasValidEdits() const;
 
@@ -76,6 +82,10 @@ protected:
     QLabel* m_gapLabel = nullptr;
 
 private:
+    //! The edit whose text and cursor the keys work on: the field, else the echo.
+    QLineEdit* editedLine() const;
+    //! Lays the echo, the overlays and the entry frame over a main frame of \a size.
+    void placePanel(const QSize& size);
     //! Runs \a apply on the field and the echo, each if it exists.
     template<typename Apply>
     void forEachEdit(Apply apply);
@@ -84,7 +94,7 @@ private:
     int m_padWidth = 0;
     int m_padHeight = 0;
     QMap<QString, QPushButton*> m_buttons;
-    QFrame* m_mainFrame = nullptr;
+    EntryPanel::Parts m_panel;
     QFrame* m_entryFrame = nullptr;
 };
 

@@ -4,17 +4,17 @@
 #include "ContainerImpl.h"
 
 #include <QCoreApplication>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 
 namespace {
 
-QFrame* placedFrame(const char* name, const QRect& area, QWidget* parent)
+QFrame* namedFrame(const char* name, QWidget* parent)
 {
     auto* frame = new QFrame(parent);
     frame->setObjectName(QLatin1String(name));
-    frame->setGeometry(area);
     return frame;
 }
 
@@ -29,8 +29,6 @@ bool opaque()
 EntryPanel::Parts EntryPanel::build(ContainerImpl* container, const QSize& size, const char* upperOverlay,
                                     const char* lowerOverlay)
 {
-    const int w = size.width();
-    const int h = size.height();
     Parts parts;
     parts.mainFrame = new QFrame;
     parts.mainFrame->setObjectName(QStringLiteral("MainFrame"));
@@ -41,15 +39,24 @@ EntryPanel::Parts EntryPanel::build(ContainerImpl* container, const QSize& size,
     // The upper overlay takes the place of the container's title bar.
     container->setLayout(row, false);
 
-    placedFrame(upperOverlay, QRect(QPoint(0, 0), QPoint(w - 61, 63)), parts.mainFrame);
+    parts.upperOverlay = namedFrame(upperOverlay, parts.mainFrame);
     parts.readOut = new QLineEdit(parts.mainFrame);
-    parts.readOut->setGeometry(QRect(QPoint(10, 10), QPoint(w - 11, 49)));
     parts.readOut->setReadOnly(true);
     parts.readOut->setEnabled(false);
     parts.gap = new QLabel(parts.mainFrame);
-    parts.gap->setGeometry(QRect(QPoint(18, 62), QPoint(w - 19, 79)));
-    placedFrame(lowerOverlay, QRect(QPoint(0, 78), QPoint(w - 61, h - 5)), parts.mainFrame);
+    parts.lowerOverlay = namedFrame(lowerOverlay, parts.mainFrame);
+    place(parts, size);
     return parts;
+}
+
+void EntryPanel::place(const Parts& parts, const QSize& size)
+{
+    const int w = size.width();
+    const int h = size.height();
+    parts.upperOverlay->setGeometry(QRect(QPoint(0, 0), QPoint(w - 61, 63)));
+    parts.readOut->setGeometry(QRect(QPoint(10, 10), QPoint(w - 11, 49)));
+    parts.gap->setGeometry(QRect(QPoint(18, 62), QPoint(w - 19, 79)));
+    parts.lowerOverlay->setGeometry(QRect(QPoint(0, 78), QPoint(w - 61, h - 5)));
 }
 
 QString EntryPanel::frameStyle(const QString& overlaySelector)
@@ -72,6 +79,40 @@ QString EntryPanel::frameStyle(const QString& overlaySelector)
     if (opaque())
         style += QStringLiteral("QFrame#MainFrame{    background-color: #000;}");
     return style;
+}
+
+QString EntryPanel::keyRule(const char* name, const char* widths, KeyCorners corners, const QString& extra)
+{
+    QString rounded;
+    switch (corners) {
+    case KeyCorners::Square:
+        break;
+    case KeyCorners::Left:
+        rounded = QStringLiteral(" border-top-left-radius: 10px; border-bottom-left-radius: 10px;");
+        break;
+    case KeyCorners::Right:
+        rounded = QStringLiteral(" border-top-right-radius: 10px; border-bottom-right-radius: 10px;");
+        break;
+    case KeyCorners::All:
+        rounded = QStringLiteral(" border-radius: 10px;");
+        break;
+    }
+    return QStringLiteral("QPushButton#%1 { border-width: %2;%3 %4 }")
+        .arg(QLatin1String(name), QLatin1String(widths), rounded, extra);
+}
+
+QGridLayout* EntryPanel::keyGrid()
+{
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    return grid;
+}
+
+void EntryPanel::shareColumns(QGridLayout* grid)
+{
+    for (int column = 0; column < grid->columnCount(); ++column)
+        grid->setColumnStretch(column, 1);
 }
 
 QString EntryPanel::rotateKeyStyle()

@@ -6,6 +6,7 @@
 class ContainerImpl;
 class QEvent;
 class QFrame;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QSize;
@@ -25,6 +26,8 @@ public:
         QFrame* mainFrame = nullptr;
         QLineEdit* readOut = nullptr;
         QLabel* gap = nullptr;
+        QFrame* upperOverlay = nullptr;
+        QFrame* lowerOverlay = nullptr;
     };
 
     /*!
@@ -34,8 +37,22 @@ public:
     */
     static Parts build(ContainerImpl* container, const QSize& size, const char* upperOverlay,
                        const char* lowerOverlay);
+    //! Lays the read-out, the gap and the overlays over a main frame of \a size, as build() does at first.
+    static void place(const Parts& parts, const QSize& size);
     //! The panel's rules, with \a overlaySelector for the overlay frames.
     static QString frameStyle(const QString& overlaySelector);
+    //! Which corners of a key are rounded, where a row of keys ends.
+    enum class KeyCorners { Square, Left, Right, All };
+    /*!
+      The rule of the keys named \a name: \a widths are the top, right, bottom
+      and left widths of their white border, \a extra any further declarations.
+    */
+    static QString keyRule(const char* name, const char* widths, KeyCorners corners = KeyCorners::Square,
+                           const QString& extra = QString());
+    //! A grid for keys that touch: no margin, no spacing.
+    static QGridLayout* keyGrid();
+    //! Gives every column of \a grid the same share of its width.
+    static void shareColumns(QGridLayout* grid);
     //! The look of the key that hands over to the next mechanism ("RotateEntry").
     static QString rotateKeyStyle();
     //! The rule of a key pressed to confirm: a rim of \a rimColour and a green glow behind.

@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-
 namespace {
 
 struct KeyDefinition
@@ -53,66 +52,13 @@ const KeyDefinition keyDefinitions[] = {
     {"decr", QT_TRANSLATE_NOOP("NumpadEntryImpl", "/10"), "decr", SLOT(decrStep()), true, true},
 };
 
-//! One key's rule: \a widths are the top, right, bottom and left border widths.
-QString keyRule(const char* name, const char* widths, const QString& extra = QString())
-{
-    return QStringLiteral("QPushButton#%1 { border-width: %2; %3 }")
-        .arg(QLatin1String(name), QLatin1String(widths), extra);
-}
-
+// The rotate key and, in real time, the marked digit's look; the frame has the keys.
 QString keypadStyle(bool realTime)
 {
-    const QString left = QStringLiteral("border-top-left-radius: 10px; border-bottom-left-radius: 10px;");
-    const QString right = QStringLiteral("border-top-right-radius: 10px; border-bottom-right-radius: 10px;");
-    const QString round = QStringLiteral("border-radius: 10px;");
-    const QString small = QStringLiteral(" font-size: 14px; text-align: bottom;");
-    const QString medium = QStringLiteral(" font-size: 16px;");
-    const QString step = QStringLiteral("font-size: 18px;");
-    QString style = keyRule("kbBtn", "1px 0px 0px 1px") + keyRule("kbBtnLeft", "1px 0px 0px 1px", left)
-        + keyRule("kbBtnRight", "1px 1px 0px 1px", right) + keyRule("kbBtnAllRound", "1px 1px 1px 1px", round)
-        + keyRule("kbBtnBottomAllRound", "1px 1px 1px 1px", round)
-        + keyRule("kbBtnBottomLeft", "1px 0px 1px 1px", left) + keyRule("kbBtnBottom", "1px 0px 1px 1px")
-        + keyRule("kbBtnBottomRight", "1px 1px 1px 1px", right) + keyRule("cancel", "1px 0px 0px 1px", left + small)
-        + keyRule("clear", "1px 0px 0px 1px", small)
-        + keyRule("bksp", "1px 1px 0px 1px",
-                  right + QStringLiteral(" image: url(:/images/backspace.png); image-position: right center;"))
-        + keyRule("upArrow", "1px 0px 0px 1px",
-                  QStringLiteral("image: url(:/images/upArrow.png); image-position: center;"))
-        + keyRule("downArrow", "1px 0px 0px 1px",
-                  QStringLiteral("image: url(:/images/downArrow.png); image-position: center;"))
-        + keyRule("enter", "1px 1px 1px 1px",
-                  right + medium
-                      + QStringLiteral(" text-align: bottom; background-color: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
-                                       " stop:0 rgba(0,255,0,170), stop:1 rgba(0,255,0,50));"))
-        + keyRule("unit", "1px 1px 0px 1px", right + medium) + keyRule("lastUnit", "1px 1px 1px 1px", right + medium)
-        + keyRule("incr", "1px 0px 0px 1px", step) + keyRule("decr", "1px 0px 1px 1px", step)
-        + QStringLiteral("QPushButton#kbBtn:disabled, QPushButton#kbBtnBottomLeft:disabled,"
-                         " QPushButton#kbBtnBottom:disabled, QPushButton#kbBtnRight:disabled"
-                         " { background-color: #555; }"
-                         "QPushButton#bksp:pressed { image: url(:/images/bksp_pressed.png); background-color: white; }"
-                         "QPushButton#upArrow:pressed { image: url(:/images/upArrowPressed.png);"
-                         " background-color: white; }"
-                         "QPushButton#downArrow:pressed { image: url(:/images/downArrowPressed.png);"
-                         " background-color: white; }"
-                         "QPushButton#enter:pressed { background-color: #0b0; }")
-        + EntryPanel::rotateKeyStyle();
+    QString style = EntryPanel::rotateKeyStyle();
     if (realTime)
         style += QStringLiteral("QLineEdit {selection-color: black; selection-background-color: white;}");
     return style;
-}
-
-QGridLayout* keyGrid()
-{
-    auto* grid = new QGridLayout;
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(0);
-    return grid;
-}
-
-void stretchColumns(QGridLayout* grid)
-{
-    for (int column = 0; column < grid->columnCount(); ++column)
-        grid->setColumnStretch(column, 1);
 }
 
 } // namespace
@@ -290,7 +236,7 @@ void NumpadEntryImpl::createButtons()
 
 QGridLayout* NumpadEntryImpl::digitGrid()
 {
-    QGridLayout* grid = keyGrid();
+    QGridLayout* grid = EntryPanel::keyGrid();
     for (int digit = 1; digit <= 9; ++digit)
         grid->addWidget(getButton(QString::number(digit)), (digit - 1) / 3, (digit - 1) % 3);
     grid->addWidget(getButton(QStringLiteral("dot")), 3, 0);
@@ -301,18 +247,18 @@ QGridLayout* NumpadEntryImpl::digitGrid()
         for (const char* key : {"uparrow", "downarrow", "incr", "decr"})
             grid->addWidget(getButton(QLatin1String(key)), row++, 3);
     }
-    stretchColumns(grid);
+    EntryPanel::shareColumns(grid);
     return grid;
 }
 
 QGridLayout* NumpadEntryImpl::hexGrid()
 {
-    QGridLayout* grid = keyGrid();
+    QGridLayout* grid = EntryPanel::keyGrid();
     const QString letters = QStringLiteral("ABCDEF");
     for (int i = 0; i < letters.size(); ++i)
         grid->addWidget(getButton(letters.at(i)), i % 3, i / 3);
     grid->addWidget(getButton(QStringLiteral("enter")), 3, 0, 1, 2);
-    stretchColumns(grid);
+    EntryPanel::shareColumns(grid);
     return grid;
 }
 
@@ -340,17 +286,12 @@ void NumpadEntryImpl::placeEnterKey()
 
 void NumpadEntryImpl::backspace()
 {
-    const int cursor = m_targetEdit->cursorPosition();
-    if (cursor == 0)
+    if (!eraseBeforeCursor())
         return;
-    QString text = m_targetEdit->text();
-    text.remove(cursor - 1, 1);
     // A sign alone is no number.
-    if (text == QLatin1String("-"))
-        text.clear();
-    setText(text);
-    m_targetEdit->setCursorPosition(cursor - 1);
-    if (text.isEmpty())
+    if (m_targetEdit->text() == QLatin1String("-"))
+        clear();
+    if (m_targetEdit->text().isEmpty())
         emit clearEntry();
     else
         emit valueChanged();
