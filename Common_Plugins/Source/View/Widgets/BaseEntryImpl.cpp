@@ -3,10 +3,12 @@
 #include "EntryPanel.h"
 
 #include <QEvent>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegExpValidator>
+#include <QVBoxLayout>
 
 template<typename Apply>
 void BaseEntryImpl::forEachEdit(Apply apply)
@@ -154,4 +156,100 @@ void BaseEntryImpl::Initialize()
     m_entryFrame->setObjectName(QStringLiteral("EntryFrame"));
     m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(w - 1, h - 51)));
     resize(w, h);
+}
+
+void BaseEntryImpl::addDigitKeys()
+{
+    for (int digit = 0; digit <= 9; ++digit) {
+        const char* name = digit == 0 ? "kbBtnBottom" : digit % 3 == 1 ? "kbBtnLeft" : "kbBtn";
+        const QString key = QString::number(digit);
+        addButton(key, createButton(key, SLOT(buttonPress()), QLatin1String(name)));
+    }
+}
+
+QGridLayout* BaseEntryImpl::digitGrid(const QString& bottomLeft, const QString& bottomRight)
+{
+    QGridLayout* grid = keyGrid();
+    for (int digit = 1; digit <= 9; ++digit)
+        grid->addWidget(getButton(QString::number(digit)), (digit - 1) / 3, (digit - 1) % 3);
+    grid->addWidget(getButton(bottomLeft), 3, 0);
+    grid->addWidget(getButton(QStringLiteral("0")), 3, 1);
+    grid->addWidget(getButton(bottomRight), 3, 2);
+    stretchColumns(grid);
+    return grid;
+}
+
+QGridLayout* BaseEntryImpl::keyGrid()
+{
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    return grid;
+}
+
+void BaseEntryImpl::stretchColumns(QGridLayout* grid)
+{
+    for (int column = 0; column < grid->columnCount(); ++column)
+        grid->setColumnStretch(column, 1);
+}
+
+void BaseEntryImpl::fillUnitColumn(QVBoxLayout* column, const QList<QString>& previous, const QList<QString>& labels,
+                                   const char* member, const QString& name, const QString& lastName)
+{
+    for (const QString& label : previous) {
+        column->removeWidget(getButton(label));
+        removeButton(label);
+    }
+    for (int i = 0; i < labels.size(); ++i) {
+        QPushButton* key = createButton(labels.at(i), member, i + 1 < labels.size() ? name : lastName);
+        addButton(labels.at(i), key);
+        column->addWidget(key);
+    }
+}
+
+void BaseEntryImpl::placeEnterKey(QVBoxLayout* column, bool shown)
+{
+    QPushButton* enter = getButton(QStringLiteral("enter"));
+    const bool placed = column->indexOf(enter) >= 0;
+    if (shown && !placed) {
+        column->addWidget(enter);
+    } else if (!shown && placed) {
+        column->removeWidget(enter);
+        enter->setParent(nullptr);
+    }
+}
+
+bool BaseEntryImpl::backspace()
+{
+    if (!m_targetEdit || m_targetEdit->cursorPosition() == 0)
+        return false;
+    const int cursor = m_targetEdit->cursorPosition();
+    QString text = m_targetEdit->text();
+    text.remove(cursor - 1, 1);
+    // A sign alone is no number.
+    if (text == QLatin1String("-"))
+        text.clear();
+    setText(text);
+    setCursorPosition(cursor - 1);
+    if (text.isEmpty())
+        emit clearEntry();
+    return true;
+}
+
+bool BaseEntryImpl::insertPoint()
+{
+    if (!m_targetEdit)
+        return false;
+    const QString text = m_targetEdit->text();
+    if (!text.contains(QLatin1Char('.'))) {
+        if (text.isEmpty())
+            setText(QStringLiteral("0."));
+        else
+            insert(QStringLiteral("."));
+    } else if (m_targetEdit->hasSelectedText()) {
+        setText(QStringLiteral("0."));
+    } else {
+        return false;
+    }
+    return true;
 }

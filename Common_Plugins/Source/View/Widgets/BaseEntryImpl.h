@@ -6,10 +6,12 @@
 #include <QMap>
 
 class QFrame;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRegExpValidator;
+class QVBoxLayout;
 
 /*!
   The frame shared by the entry mechanisms, the pop-ups through which an
@@ -69,6 +71,33 @@ protected slots:
 protected:
     //! Lays out the frame; a derived pad calls it first from its own.
     virtual void Initialize();
+
+    //! The keys "0" to "9", typed through buttonPress().
+    void addDigitKeys();
+    //! Digits 1 to 9 in rows of three, 1 at the top left, above \a bottomLeft, "0" and \a bottomRight.
+    QGridLayout* digitGrid(const QString& bottomLeft, const QString& bottomRight);
+    //! A grid of keys that touch each other.
+    static QGridLayout* keyGrid();
+    static void stretchColumns(QGridLayout* grid);
+
+    /*!
+      Puts one key per label of \a labels into \a column in place of the keys
+      of \a previous; each is named \a name, the last one \a lastName, and
+      its click goes to \a member.
+    */
+    void fillUnitColumn(QVBoxLayout* column, const QList<QString>& previous, const QList<QString>& labels,
+                        const char* member, const QString& name, const QString& lastName);
+    //! The "enter" key stands in \a column exactly while \a shown.
+    void placeEnterKey(QVBoxLayout* column, bool shown);
+
+    /*!
+      Removes the character before the field's cursor; false, with nothing
+      changed, when the cursor stands at the start. Emits clearEntry() when
+      nothing is left.
+    */
+    bool backspace();
+    //! Adds the decimal point where the text can take one; false when nothing changed.
+    bool insertPoint();
 
     QString m_styleText;
     QLineEdit* m_targetEdit = nullptr;

@@ -24,6 +24,13 @@ bool opaque()
     return noTransparency.isValid() && noTransparency.toString() == QLatin1String("true");
 }
 
+//! One key's rule: \a widths are the top, right, bottom and left border widths.
+QString keyRule(const char* name, const char* widths, const QString& extra = QString())
+{
+    return QStringLiteral("QPushButton#%1 { border-width: %2; %3 }")
+        .arg(QLatin1String(name), QLatin1String(widths), extra);
+}
+
 } // namespace
 
 EntryPanel::Parts EntryPanel::build(ContainerImpl* container, const QSize& size, const char* upperOverlay,
@@ -72,6 +79,43 @@ QString EntryPanel::frameStyle(const QString& overlaySelector)
     if (opaque())
         style += QStringLiteral("QFrame#MainFrame{    background-color: #000;}");
     return style;
+}
+
+QString EntryPanel::keyStyle()
+{
+    const QString left = QStringLiteral("border-top-left-radius: 10px; border-bottom-left-radius: 10px;");
+    const QString right = QStringLiteral("border-top-right-radius: 10px; border-bottom-right-radius: 10px;");
+    const QString round = QStringLiteral("border-radius: 10px;");
+    const QString small = QStringLiteral(" font-size: 14px; text-align: bottom;");
+    const QString medium = QStringLiteral(" font-size: 16px;");
+    const QString step = QStringLiteral("font-size: 18px;");
+    return keyRule("kbBtn", "1px 0px 0px 1px") + keyRule("kbBtnLeft", "1px 0px 0px 1px", left)
+        + keyRule("kbBtnRight", "1px 1px 0px 1px", right) + keyRule("kbBtnAllRound", "1px 1px 1px 1px", round)
+        + keyRule("kbBtnBottomAllRound", "1px 1px 1px 1px", round)
+        + keyRule("kbBtnBottomLeft", "1px 0px 1px 1px", left) + keyRule("kbBtnBottom", "1px 0px 1px 1px")
+        + keyRule("kbBtnBottomRight", "1px 1px 1px 1px", right) + keyRule("cancel", "1px 0px 0px 1px", left + small)
+        + keyRule("clear", "1px 0px 0px 1px", small)
+        + keyRule("bksp", "1px 1px 0px 1px",
+                  right + QStringLiteral(" image: url(:/images/backspace.png); image-position: right center;"))
+        + keyRule("upArrow", "1px 0px 0px 1px",
+                  QStringLiteral("image: url(:/images/upArrow.png); image-position: center;"))
+        + keyRule("downArrow", "1px 0px 0px 1px",
+                  QStringLiteral("image: url(:/images/downArrow.png); image-position: center;"))
+        + keyRule("enter", "1px 1px 1px 1px",
+                  right + medium
+                      + QStringLiteral(" text-align: bottom; background-color: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
+                                       " stop:0 rgba(0,255,0,170), stop:1 rgba(0,255,0,50));"))
+        + keyRule("unit", "1px 1px 0px 1px", right + medium) + keyRule("lastUnit", "1px 1px 1px 1px", right + medium)
+        + keyRule("incr", "1px 0px 0px 1px", step) + keyRule("decr", "1px 0px 1px 1px", step)
+        + QStringLiteral("QPushButton#kbBtn:disabled, QPushButton#kbBtnBottomLeft:disabled,"
+                         " QPushButton#kbBtnBottom:disabled, QPushButton#kbBtnRight:disabled"
+                         " { background-color: #555; }"
+                         "QPushButton#bksp:pressed { image: url(:/images/bksp_pressed.png); background-color: white; }"
+                         "QPushButton#upArrow:pressed { image: url(:/images/upArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#downArrow:pressed { image: url(:/images/downArrowPressed.png);"
+                         " background-color: white; }"
+                         "QPushButton#enter:pressed { background-color: #0b0; }");
 }
 
 QString EntryPanel::rotateKeyStyle()

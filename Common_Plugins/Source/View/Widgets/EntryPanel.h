@@ -36,6 +36,8 @@ public:
                        const char* lowerOverlay);
     //! The panel's rules, with \a overlaySelector for the overlay frames.
     static QString frameStyle(const QString& overlaySelector);
+    //! The keys of the keypads, by object name: digits, editing keys, Enter, units and steps.
+    static QString keyStyle();
     //! The look of the key that hands over to the next mechanism ("RotateEntry").
     static QString rotateKeyStyle();
     //! The rule of a key pressed to confirm: a rim of \a rimColour and a green glow behind.

@@ -25,16 +25,6 @@ const char* const press = SLOT(buttonPress());
 
 // Every key exists whatever the mode; Initialize() lays out those the mode shows.
 const KeyDefinition keyDefinitions[] = {
-    {"0", "0", "kbBtnBottom", press, false, false},
-    {"1", "1", "kbBtnLeft", press, false, false},
-    {"2", "2", "kbBtn", press, false, false},
-    {"3", "3", "kbBtn", press, false, false},
-    {"4", "4", "kbBtnLeft", press, false, false},
-    {"5", "5", "kbBtn", press, false, false},
-    {"6", "6", "kbBtn", press, false, false},
-    {"7", "7", "kbBtnLeft", press, false, false},
-    {"8", "8", "kbBtn", press, false, false},
-    {"9", "9", "kbBtn", press, false, false},
     {"A", "A", "kbBtn", press, false, false},
     {"B", "B", "kbBtn", press, false, false},
     {"C", "C", "kbBtn", press, false, false},
@@ -53,66 +43,12 @@ const KeyDefinition keyDefinitions[] = {
     {"decr", QT_TRANSLATE_NOOP("NumpadEntryImpl", "/10"), "decr", SLOT(decrStep()), true, true},
 };
 
-//! One key's rule: \a widths are the top, right, bottom and left border widths.
-QString keyRule(const char* name, const char* widths, const QString& extra = QString())
-{
-    return QStringLiteral("QPushButton#%1 { border-width: %2; %3 }")
-        .arg(QLatin1String(name), QLatin1String(widths), extra);
-}
-
 QString keypadStyle(bool realTime)
 {
-    const QString left = QStringLiteral("border-top-left-radius: 10px; border-bottom-left-radius: 10px;");
-    const QString right = QStringLiteral("border-top-right-radius: 10px; border-bottom-right-radius: 10px;");
-    const QString round = QStringLiteral("border-radius: 10px;");
-    const QString small = QStringLiteral(" font-size: 14px; text-align: bottom;");
-    const QString medium = QStringLiteral(" font-size: 16px;");
-    const QString step = QStringLiteral("font-size: 18px;");
-    QString style = keyRule("kbBtn", "1px 0px 0px 1px") + keyRule("kbBtnLeft", "1px 0px 0px 1px", left)
-        + keyRule("kbBtnRight", "1px 1px 0px 1px", right) + keyRule("kbBtnAllRound", "1px 1px 1px 1px", round)
-        + keyRule("kbBtnBottomAllRound", "1px 1px 1px 1px", round)
-        + keyRule("kbBtnBottomLeft", "1px 0px 1px 1px", left) + keyRule("kbBtnBottom", "1px 0px 1px 1px")
-        + keyRule("kbBtnBottomRight", "1px 1px 1px 1px", right) + keyRule("cancel", "1px 0px 0px 1px", left + small)
-        + keyRule("clear", "1px 0px 0px 1px", small)
-        + keyRule("bksp", "1px 1px 0px 1px",
-                  right + QStringLiteral(" image: url(:/images/backspace.png); image-position: right center;"))
-        + keyRule("upArrow", "1px 0px 0px 1px",
-                  QStringLiteral("image: url(:/images/upArrow.png); image-position: center;"))
-        + keyRule("downArrow", "1px 0px 0px 1px",
-                  QStringLiteral("image: url(:/images/downArrow.png); image-position: center;"))
-        + keyRule("enter", "1px 1px 1px 1px",
-                  right + medium
-                      + QStringLiteral(" text-align: bottom; background-color: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
-                                       " stop:0 rgba(0,255,0,170), stop:1 rgba(0,255,0,50));"))
-        + keyRule("unit", "1px 1px 0px 1px", right + medium) + keyRule("lastUnit", "1px 1px 1px 1px", right + medium)
-        + keyRule("incr", "1px 0px 0px 1px", step) + keyRule("decr", "1px 0px 1px 1px", step)
-        + QStringLiteral("QPushButton#kbBtn:disabled, QPushButton#kbBtnBottomLeft:disabled,"
-                         " QPushButton#kbBtnBottom:disabled, QPushButton#kbBtnRight:disabled"
-                         " { background-color: #555; }"
-                         "QPushButton#bksp:pressed { image: url(:/images/bksp_pressed.png); background-color: white; }"
-                         "QPushButton#upArrow:pressed { image: url(:/images/upArrowPressed.png);"
-                         " background-color: white; }"
-                         "QPushButton#downArrow:pressed { image: url(:/images/downArrowPressed.png);"
-                         " background-color: white; }"
-                         "QPushButton#enter:pressed { background-color: #0b0; }")
-        + EntryPanel::rotateKeyStyle();
+    QString style = EntryPanel::keyStyle() + EntryPanel::rotateKeyStyle();
     if (realTime)
         style += QStringLiteral("QLineEdit {selection-color: black; selection-background-color: white;}");
     return style;
-}
-
-QGridLayout* keyGrid()
-{
-    auto* grid = new QGridLayout;
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(0);
-    return grid;
-}
-
-void stretchColumns(QGridLayout* grid)
-{
-    for (int column = 0; column < grid->columnCount(); ++column)
-        grid->setColumnStretch(column, 1);
 }
 
 } // namespace
@@ -172,18 +108,13 @@ void NumpadEntryImpl::changePrecision(int precision)
 
 void NumpadEntryImpl::setUnitList(const QList<QString>& labels)
 {
-    for (const QString& label : qAsConst(m_unitList)) {
-        m_unitLayout->removeWidget(getButton(label));
-        removeButton(label);
-    }
+    fillUnitColumn(m_unitLayout, m_unitList, labels, SLOT(submit()), QStringLiteral("unit"),
+                   QStringLiteral("lastUnit"));
     m_unitList = labels;
-    for (int i = 0; i < labels.size(); ++i) {
-        const QString name = i + 1 < labels.size() ? QStringLiteral("unit") : QStringLiteral("lastUnit");
-        QPushButton* key = createButton(labels.at(i), SLOT(submit()), name);
-        addButton(labels.at(i), key);
-        m_unitLayout->addWidget(key);
-    }
-    placeEnterKey();
+    // Hex mode keeps Enter in its grid; otherwise a unit key submits too, so
+    // Enter has a place in the column only while no unit is offered.
+    if (!m_hexMode)
+        placeEnterKey(m_unitLayout, m_unitList.isEmpty());
 }
 
 void NumpadEntryImpl::setValue(const QString& text)
@@ -211,11 +142,13 @@ void NumpadEntryImpl::buttonPress()
     if (!m_targetEdit || !button)
         return;
     if (button == getButton(QStringLiteral("bksp"))) {
-        backspace();
+        if (backspace() && !m_targetEdit->text().isEmpty())
+            emit valueChanged();
     } else if (button == getButton(QStringLiteral("plmin"))) {
         toggleSign();
     } else if (button == getButton(QStringLiteral("dot"))) {
-        insertPoint();
+        if (insertPoint())
+            emit valueChanged();
     } else if (button == getButton(QStringLiteral("clear"))) {
         clear();
         emit clearEntry();
@@ -243,7 +176,7 @@ void NumpadEntryImpl::Initialize()
         topRow->addWidget(getButton(QLatin1String(key)));
     auto* lowerRow = new QHBoxLayout;
     lowerRow->setSpacing(0);
-    lowerRow->addLayout(digitGrid(), m_realTime ? 4 : 3);
+    lowerRow->addLayout(keypadGrid(), m_realTime ? 4 : 3);
     if (m_hexMode) {
         lowerRow->addLayout(hexGrid(), 2);
         for (QPushButton* key : {m_rotateButton, getButton(QStringLiteral("plmin")), getButton(QStringLiteral("dot"))})
@@ -280,6 +213,7 @@ void NumpadEntryImpl::decrStep() { changeStep(-1.0); }
 
 void NumpadEntryImpl::createButtons()
 {
+    addDigitKeys();
     for (const KeyDefinition& definition : keyDefinitions) {
         if (definition.realTimeOnly && !m_realTime)
             continue;
@@ -288,20 +222,15 @@ void NumpadEntryImpl::createButtons()
     }
 }
 
-QGridLayout* NumpadEntryImpl::digitGrid()
+QGridLayout* NumpadEntryImpl::keypadGrid()
 {
-    QGridLayout* grid = keyGrid();
-    for (int digit = 1; digit <= 9; ++digit)
-        grid->addWidget(getButton(QString::number(digit)), (digit - 1) / 3, (digit - 1) % 3);
-    grid->addWidget(getButton(QStringLiteral("dot")), 3, 0);
-    grid->addWidget(getButton(QStringLiteral("0")), 3, 1);
-    grid->addWidget(getButton(QStringLiteral("plmin")), 3, 2);
+    QGridLayout* grid = digitGrid(QStringLiteral("dot"), QStringLiteral("plmin"));
     if (m_realTime) {
         int row = 0;
         for (const char* key : {"uparrow", "downarrow", "incr", "decr"})
             grid->addWidget(getButton(QLatin1String(key)), row++, 3);
+        stretchColumns(grid);
     }
-    stretchColumns(grid);
     return grid;
 }
 
@@ -322,40 +251,6 @@ void NumpadEntryImpl::updateKeypad()
         getButton(QStringLiteral("dot"))->setEnabled(m_precision >= 1);
 }
 
-void NumpadEntryImpl::placeEnterKey()
-{
-    // Hex mode keeps Enter in its grid; otherwise a unit key submits too, so
-    // Enter has a place in the column only while no unit is offered.
-    if (m_hexMode)
-        return;
-    QPushButton* enter = getButton(QStringLiteral("enter"));
-    const bool placed = m_unitLayout->indexOf(enter) >= 0;
-    if (m_unitList.isEmpty() && !placed) {
-        m_unitLayout->addWidget(enter);
-    } else if (!m_unitList.isEmpty() && placed) {
-        m_unitLayout->removeWidget(enter);
-        enter->setParent(nullptr);
-    }
-}
-
-void NumpadEntryImpl::backspace()
-{
-    const int cursor = m_targetEdit->cursorPosition();
-    if (cursor == 0)
-        return;
-    QString text = m_targetEdit->text();
-    text.remove(cursor - 1, 1);
-    // A sign alone is no number.
-    if (text == QLatin1String("-"))
-        text.clear();
-    setText(text);
-    m_targetEdit->setCursorPosition(cursor - 1);
-    if (text.isEmpty())
-        emit clearEntry();
-    else
-        emit valueChanged();
-}
-
 void NumpadEntryImpl::toggleSign()
 {
     QString text = m_targetEdit->text();
@@ -367,22 +262,6 @@ void NumpadEntryImpl::toggleSign()
     else
         text.prepend(QLatin1Char('-'));
     setText(text);
-    emit valueChanged();
-}
-
-void NumpadEntryImpl::insertPoint()
-{
-    const QString text = m_targetEdit->text();
-    if (!text.contains(QLatin1Char('.'))) {
-        if (text.isEmpty())
-            setText(QStringLiteral("0."));
-        else
-            insert(QStringLiteral("."));
-    } else if (m_targetEdit->hasSelectedText()) {
-        setText(QStringLiteral("0."));
-    } else {
-        return;
-    }
     emit valueChanged();
 }
 

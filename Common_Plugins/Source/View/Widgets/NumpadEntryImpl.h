@@ -69,13 +69,10 @@ private slots:
 
 private:
     void createButtons();
-    QGridLayout* digitGrid();
+    QGridLayout* keypadGrid();
     QGridLayout* hexGrid();
     void updateKeypad();
-    void placeEnterKey();
-    void backspace();
     void toggleSign();
-    void insertPoint();
     void updateValue(double direction);
     void changeStep(double direction);
 
