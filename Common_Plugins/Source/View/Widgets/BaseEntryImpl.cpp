@@ -1,9 +1,11 @@
 #include "BaseEntryImpl.h"
 
+#include "CSS.h"
 #include "EntryPanel.h"
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -41,6 +43,8 @@ QPushButton* BaseEntryImpl::createButton(const QString& text, const char* member
     button->setObjectName(name);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     button->setFocusPolicy(Qt::NoFocus);
+    // Before clicked(), so that a key that refuses again shows its own reason.
+    connect(button, &QPushButton::pressed, this, &BaseEntryImpl::withdrawRefusal);
     connect(button, SIGNAL(clicked()), this, member);
     return button;
 }
@@ -72,6 +76,7 @@ void BaseEntryImpl::clearAllButtons()
 
 void BaseEntryImpl::setValue(const QString& text)
 {
+    withdrawRefusal();
     if (m_echoEdit)
         m_echoEdit->setText(text);
 }
@@ -96,7 +101,7 @@ void BaseEntryImpl::setCursorPosition(int position)
 
 void BaseEntryImpl::insert(const QString& text)
 {
-    const QLineEdit* source = m_targetEdit ? m_targetEdit : m_echoEdit;
+    const QLineEdit* source = editedLine();
     if (!source)
         return;
     QString candidate = source->text();
@@ -151,6 +156,8 @@ void BaseEntryImpl::Initialize()
     if (m_targetEdit)
         m_echoEdit->setEchoMode(m_targetEdit->echoMode());
     m_gapLabel = parts.gap;
+    m_gapLabel->setObjectName(QStringLiteral("Gap"));
+    m_gapLabel->setAlignment(Qt::AlignCenter);
     m_gapLabel->installEventFilter(this);
     m_entryFrame = new QFrame(m_mainFrame);
     m_entryFrame->setObjectName(QStringLiteral("EntryFrame"));
@@ -179,12 +186,33 @@ QGridLayout* BaseEntryImpl::digitGrid(const QString& bottomLeft, const QString& 
     return grid;
 }
 
+void BaseEntryImpl::stackKeyRows(QLayout* lowerRow)
+{
+    auto* topRow = new QHBoxLayout;
+    topRow->setSpacing(0);
+    for (const char* key : {"cancel", "clear", "bksp"})
+        topRow->addWidget(getButton(QLatin1String(key)));
+    auto* rows = new QVBoxLayout(m_entryFrame);
+    rows->setContentsMargins(10, 10, 10, 10);
+    rows->setSpacing(0);
+    rows->addLayout(topRow, 1);
+    rows->addLayout(lowerRow, 4);
+}
+
 QGridLayout* BaseEntryImpl::keyGrid()
 {
     auto* grid = new QGridLayout;
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
     return grid;
+}
+
+QVBoxLayout* BaseEntryImpl::keyColumn()
+{
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    return column;
 }
 
 void BaseEntryImpl::stretchColumns(QGridLayout* grid)
@@ -253,3 +281,31 @@ bool BaseEntryImpl::insertPoint()
     }
     return true;
 }
+
+QString BaseEntryImpl::editedText() const
+{
+    const QLineEdit* line = editedLine();
+    return line ? line->text() : QString();
+}
+
+void BaseEntryImpl::setValidatorPattern(const QString& pattern) { m_validator->setRegExp(QRegExp(pattern)); }
+
+void BaseEntryImpl::showRefusal(const QString& reason)
+{
+    if (!m_gapLabel)
+        return;
+    m_gapLabel->setText(reason);
+    m_gapLabel->setStyleSheet(QStringLiteral("QLabel { color: %1; font-size: 11px; }").arg(CSS::alert()));
+    m_echoEdit->setStyleSheet(QStringLiteral("QLineEdit { border-color: %1; }").arg(CSS::alert()));
+}
+
+void BaseEntryImpl::withdrawRefusal()
+{
+    if (!m_gapLabel || m_gapLabel->text().isEmpty())
+        return;
+    m_gapLabel->clear();
+    m_gapLabel->setStyleSheet(QString());
+    m_echoEdit->setStyleSheet(QString());
+}
+
+const QLineEdit* BaseEntryImpl::editedLine() const { return m_targetEdit ? m_targetEdit : m_echoEdit; }

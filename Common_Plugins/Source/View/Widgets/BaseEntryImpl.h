@@ -19,7 +19,8 @@ class QVBoxLayout;
   read-only echo of the value at the top and, below it, the entry frame that
   holds the pad's buttons. Keys edit the field (the target) and the echo
   together; a derived pad builds its keys with createButton() and keeps them
-  by name with addButton().
+  by name with addButton(). A pad that refuses a value says why under the
+  echo, in the alert colour, until the next key.
 */
 class BaseEntryImpl : public ContainerImpl
 {
@@ -76,8 +77,12 @@ protected:
     void addDigitKeys();
     //! Digits 1 to 9 in rows of three, 1 at the top left, above \a bottomLeft, "0" and \a bottomRight.
     QGridLayout* digitGrid(const QString& bottomLeft, const QString& bottomRight);
+    //! Lays the row "cancel", "clear", "bksp" above \a lowerRow on the entry frame.
+    void stackKeyRows(QLayout* lowerRow);
     //! A grid of keys that touch each other.
     static QGridLayout* keyGrid();
+    //! A column of keys that touch each other.
+    static QVBoxLayout* keyColumn();
     static void stretchColumns(QGridLayout* grid);
 
     /*!
@@ -99,12 +104,23 @@ protected:
     //! Adds the decimal point where the text can take one; false when nothing changed.
     bool insertPoint();
 
+    //! The text that the keys edit: the field's, or the echo's for a pad without a field.
+    QString editedText() const;
+    //! Typing keeps to \a pattern: a text that can no longer grow into a match is turned away.
+    void setValidatorPattern(const QString& pattern);
+    //! Tells the operator under the read-out why the value was not taken; the next key takes it away.
+    void showRefusal(const QString& reason);
+
     QString m_styleText;
     QLineEdit* m_targetEdit = nullptr;
     QLineEdit* m_echoEdit = nullptr;
     QLabel* m_gapLabel = nullptr;
 
+private slots:
+    void withdrawRefusal();
+
 private:
+    const QLineEdit* editedLine() const;
     //! Runs \a apply on the field and the echo, each if it exists.
     template<typename Apply>
     void forEachEdit(Apply apply);

@@ -118,6 +118,8 @@ QString EntryPanel::keyStyle()
                          "QPushButton#enter:pressed { background-color: #0b0; }");
 }
 
+QString EntryPanel::longReadOutStyle() { return QStringLiteral("QLineEdit { font-size: 26px; }"); }
+
 QString EntryPanel::rotateKeyStyle()
 {
     return QStringLiteral("QPushButton#RotateEntry { border: none; border-image: url(:/images/rotateEntry.png); }"

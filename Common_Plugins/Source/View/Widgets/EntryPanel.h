@@ -38,6 +38,8 @@ public:
     static QString frameStyle(const QString& overlaySelector);
     //! The keys of the keypads, by object name: digits, editing keys, Enter, units and steps.
     static QString keyStyle();
+    //! Smaller type in the read-out, for pads whose text is longer than a number: an address, a position.
+    static QString longReadOutStyle();
     //! The look of the key that hands over to the next mechanism ("RotateEntry").
     static QString rotateKeyStyle();
     //! The rule of a key pressed to confirm: a rim of \a rimColour and a green glow behind.

@@ -61,12 +61,10 @@ NumpadEntryImpl::NumpadEntryImpl(QObject* target, QWidget* parent, const QList<Q
     , m_upper(upper)
     , m_realTime(realTime && !isHex)
     , m_hexMode(isHex)
-    , m_unitLayout(new QVBoxLayout)
+    , m_unitLayout(keyColumn())
 {
     borderFrame()->setStyleSheet(EntryPanel::hiddenBorderFrameStyle());
     m_styleText += keypadStyle(m_realTime);
-    m_unitLayout->setContentsMargins(0, 0, 0, 0);
-    m_unitLayout->setSpacing(0);
     createButtons();
     Initialize();
     // After the layout, so that a unit named like a hex digit cannot take that digit's place in the grid.
@@ -170,10 +168,6 @@ void NumpadEntryImpl::Initialize()
     setObjectName(QStringLiteral("NumpadEntry"));
     setMaximumSize(w, h);
 
-    auto* topRow = new QHBoxLayout;
-    topRow->setSpacing(0);
-    for (const char* key : {"cancel", "clear", "bksp"})
-        topRow->addWidget(getButton(QLatin1String(key)));
     auto* lowerRow = new QHBoxLayout;
     lowerRow->setSpacing(0);
     lowerRow->addLayout(keypadGrid(), m_realTime ? 4 : 3);
@@ -184,11 +178,7 @@ void NumpadEntryImpl::Initialize()
     } else {
         lowerRow->addLayout(m_unitLayout, 1);
     }
-    auto* rows = new QVBoxLayout(getEntryFrame());
-    rows->setContentsMargins(10, 10, 10, 10);
-    rows->setSpacing(0);
-    rows->addLayout(topRow, 1);
-    rows->addLayout(lowerRow, 4);
+    stackKeyRows(lowerRow);
 
     getContainerFrame()->setStyleSheet(m_styleText);
     // A key press must never take the focus from the field being edited.
@@ -198,9 +188,12 @@ void NumpadEntryImpl::Initialize()
     updateKeypad();
 }
 
+bool NumpadEntryImpl::acceptsEntry() { return true; }
+
 void NumpadEntryImpl::submit()
 {
-    if (const auto* button = qobject_cast<QPushButton*>(sender()))
+    const auto* button = qobject_cast<QPushButton*>(sender());
+    if (button && acceptsEntry())
         emit updateUnit(button->text());
 }
 

@@ -58,6 +58,8 @@ protected slots:
 
 protected:
     void Initialize() override;
+    //! Whether the text may be submitted; a pad that refuses it tells the operator why.
+    virtual bool acceptsEntry();
 
 private slots:
     void submit();
