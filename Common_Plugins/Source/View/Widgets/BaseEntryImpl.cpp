@@ -1,12 +1,16 @@
 #include "BaseEntryImpl.h"
 
+#include "CSS.h"
 #include "EntryPanel.h"
 
 #include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegExpValidator>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -86,6 +90,8 @@ QPushButton* BaseEntryImpl::createButton(const QString& text, const char* member
     button->setObjectName(name);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     button->setFocusPolicy(Qt::NoFocus);
+    // Before clicked(), so that a key that refuses again shows its own reason.
+    connect(button, &QPushButton::pressed, this, &BaseEntryImpl::withdrawRefusal);
     connect(button, SIGNAL(clicked()), this, member);
     return button;
 }
@@ -117,6 +123,7 @@ void BaseEntryImpl::clearAllButtons()
 
 void BaseEntryImpl::setValue(const QString& text)
 {
+    withdrawRefusal();
     if (m_echoEdit)
         m_echoEdit->setText(text);
 }
@@ -161,31 +168,12 @@ void BaseEntryImpl::insert(const QString& text)
     });
 }
 
-bool BaseEntryImpl::eraseBeforeCursor()
-{
-    QLineEdit* source = editedLine();
-    const int cursor = source ? source->cursorPosition() : 0;
-    if (cursor == 0)
-        return false;
-    QString text = source->text();
-    int start = cursor - 1;
-    // A character beyond the 16-bit range is stored as a surrogate pair; half of one is no character.
-    if (start > 0 && text.at(start).isLowSurrogate() && text.at(start - 1).isHighSurrogate())
-        --start;
-    text.remove(start, cursor - start);
-    setText(text);
-    source->setCursorPosition(start);
-    return true;
-}
-
 bool BaseEntryImpl::hasValidEdits() const { return m_targetEdit && m_echoEdit; }
 
 int BaseEntryImpl::getWidth() const { return m_padWidth; }
 void BaseEntryImpl::setWidth(int width) { m_padWidth = width; }
 int BaseEntryImpl::getHeight() const { return m_padHeight; }
 void BaseEntryImpl::setHeight(int height) { m_padHeight = height; }
-
-QLineEdit* BaseEntryImpl::editedLine() const { return m_targetEdit ? m_targetEdit : m_echoEdit; }
 
 QLayout* BaseEntryImpl::getEntryMechanismLayout() { return getContainerFrame()->layout(); }
 QFrame* BaseEntryImpl::getEntryFrame() { return m_entryFrame; }
@@ -216,6 +204,8 @@ void BaseEntryImpl::Initialize()
     if (m_targetEdit)
         m_echoEdit->setEchoMode(m_targetEdit->echoMode());
     m_gapLabel = m_panel.gap;
+    m_gapLabel->setObjectName(QStringLiteral("Gap"));
+    m_gapLabel->setAlignment(Qt::AlignCenter);
     m_gapLabel->installEventFilter(this);
     m_entryFrame = new QFrame(m_panel.mainFrame);
     m_entryFrame->setObjectName(QStringLiteral("EntryFrame"));
@@ -229,3 +219,146 @@ void BaseEntryImpl::placePanel(const QSize& size)
     EntryPanel::place(m_panel, size);
     m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(size.width() - 1, size.height() - 51)));
 }
+
+void BaseEntryImpl::addDigitKeys()
+{
+    for (int digit = 0; digit <= 9; ++digit) {
+        const char* name = digit == 0 ? "kbBtnBottom" : digit % 3 == 1 ? "kbBtnLeft" : "kbBtn";
+        const QString key = QString::number(digit);
+        addButton(key, createButton(key, SLOT(buttonPress()), QLatin1String(name)));
+    }
+}
+
+QGridLayout* BaseEntryImpl::digitGrid(const QString& bottomLeft, const QString& bottomRight)
+{
+    QGridLayout* grid = EntryPanel::keyGrid();
+    for (int digit = 1; digit <= 9; ++digit)
+        grid->addWidget(getButton(QString::number(digit)), (digit - 1) / 3, (digit - 1) % 3);
+    grid->addWidget(getButton(bottomLeft), 3, 0);
+    grid->addWidget(getButton(QStringLiteral("0")), 3, 1);
+    grid->addWidget(getButton(bottomRight), 3, 2);
+    EntryPanel::shareColumns(grid);
+    return grid;
+}
+
+void BaseEntryImpl::stackKeyRows(QLayout* lowerRow)
+{
+    auto* topRow = new QHBoxLayout;
+    topRow->setSpacing(0);
+    for (const char* key : {"cancel", "clear", "bksp"})
+        topRow->addWidget(getButton(QLatin1String(key)));
+    auto* rows = new QVBoxLayout(m_entryFrame);
+    rows->setContentsMargins(10, 10, 10, 10);
+    rows->setSpacing(0);
+    rows->addLayout(topRow, 1);
+    rows->addLayout(lowerRow, 4);
+}
+
+QVBoxLayout* BaseEntryImpl::keyColumn()
+{
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    return column;
+}
+
+void BaseEntryImpl::fillUnitColumn(QVBoxLayout* column, const QList<QString>& previous, const QList<QString>& labels,
+                                   const char* member, const QString& name, const QString& lastName)
+{
+    for (const QString& label : previous) {
+        column->removeWidget(getButton(label));
+        removeButton(label);
+    }
+    for (int i = 0; i < labels.size(); ++i) {
+        QPushButton* key = createButton(labels.at(i), member, i + 1 < labels.size() ? name : lastName);
+        addButton(labels.at(i), key);
+        column->addWidget(key);
+    }
+}
+
+void BaseEntryImpl::placeEnterKey(QVBoxLayout* column, bool shown)
+{
+    QPushButton* enter = getButton(QStringLiteral("enter"));
+    const bool placed = column->indexOf(enter) >= 0;
+    if (shown && !placed) {
+        column->addWidget(enter);
+    } else if (!shown && placed) {
+        column->removeWidget(enter);
+        enter->setParent(nullptr);
+    }
+}
+
+bool BaseEntryImpl::eraseBeforeCursor()
+{
+    QLineEdit* source = editedLine();
+    const int cursor = source ? source->cursorPosition() : 0;
+    if (cursor == 0)
+        return false;
+    QString text = source->text();
+    int start = cursor - 1;
+    // A character beyond the 16-bit range is stored as a surrogate pair; half of one is no character.
+    if (start > 0 && text.at(start).isLowSurrogate() && text.at(start - 1).isHighSurrogate())
+        --start;
+    text.remove(start, cursor - start);
+    setText(text);
+    setCursorPosition(start);
+    return true;
+}
+
+bool BaseEntryImpl::backspace()
+{
+    if (!m_targetEdit || !eraseBeforeCursor())
+        return false;
+    // A sign alone is no number.
+    if (m_targetEdit->text() == QLatin1String("-"))
+        setText(QString());
+    if (m_targetEdit->text().isEmpty())
+        emit clearEntry();
+    return true;
+}
+
+bool BaseEntryImpl::insertPoint()
+{
+    if (!m_targetEdit)
+        return false;
+    const QString text = m_targetEdit->text();
+    if (!text.contains(QLatin1Char('.'))) {
+        if (text.isEmpty())
+            setText(QStringLiteral("0."));
+        else
+            insert(QStringLiteral("."));
+    } else if (m_targetEdit->hasSelectedText()) {
+        setText(QStringLiteral("0."));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+QString BaseEntryImpl::editedText() const
+{
+    const QLineEdit* line = editedLine();
+    return line ? line->text() : QString();
+}
+
+void BaseEntryImpl::setValidatorPattern(const QString& pattern) { m_validator->setRegExp(QRegExp(pattern)); }
+
+void BaseEntryImpl::showRefusal(const QString& reason)
+{
+    if (!m_gapLabel)
+        return;
+    m_gapLabel->setText(reason);
+    m_gapLabel->setStyleSheet(QStringLiteral("QLabel { color: %1; font-size: 11px; }").arg(CSS::alert()));
+    m_echoEdit->setStyleSheet(QStringLiteral("QLineEdit { border-color: %1; }").arg(CSS::alert()));
+}
+
+void BaseEntryImpl::withdrawRefusal()
+{
+    if (!m_gapLabel || m_gapLabel->text().isEmpty())
+        return;
+    m_gapLabel->clear();
+    m_gapLabel->setStyleSheet(QString());
+    m_echoEdit->setStyleSheet(QString());
+}
+
+QLineEdit* BaseEntryImpl::editedLine() const { return m_targetEdit ? m_targetEdit : m_echoEdit; }

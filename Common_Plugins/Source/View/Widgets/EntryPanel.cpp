@@ -115,6 +115,8 @@ void EntryPanel::shareColumns(QGridLayout* grid)
         grid->setColumnStretch(column, 1);
 }
 
+QString EntryPanel::longReadOutStyle() { return QStringLiteral("QLineEdit { font-size: 26px; }"); }
+
 QString EntryPanel::rotateKeyStyle()
 {
     return QStringLiteral("QPushButton#RotateEntry { border: none; border-image: url(:/images/rotateEntry.png); }"

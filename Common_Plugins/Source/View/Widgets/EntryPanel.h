@@ -53,6 +53,8 @@ public:
     static QGridLayout* keyGrid();
     //! Gives every column of \a grid the same share of its width.
     static void shareColumns(QGridLayout* grid);
+    //! Smaller type in the read-out, for pads whose text is longer than a number: an address, a position.
+    static QString longReadOutStyle();
     //! The look of the key that hands over to the next mechanism ("RotateEntry").
     static QString rotateKeyStyle();
     //! The rule of a key pressed to confirm: a rim of \a rimColour and a green glow behind.

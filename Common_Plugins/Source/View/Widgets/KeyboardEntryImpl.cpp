@@ -102,7 +102,8 @@ KeyboardEntryImpl::KeyboardEntryImpl(QObject* target, QWidget* parent, int width
 {
     borderFrame()->setStyleSheet(EntryPanel::hiddenBorderFrameStyle());
     setMinimumSize(getWidth(), getHeight());
-    m_styleText += keyboardStyle(portraitScreen() ? portraitFonts : normalFonts);
+    // A text, unlike a number, has descenders and underscores, which the tall read-out type cuts off.
+    m_styleText += keyboardStyle(portraitScreen() ? portraitFonts : normalFonts) + EntryPanel::longReadOutStyle();
     Initialize();
 }
 

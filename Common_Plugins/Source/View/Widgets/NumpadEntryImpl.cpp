@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+
 namespace {
 
 struct KeyDefinition
@@ -24,16 +25,6 @@ const char* const press = SLOT(buttonPress());
 
 // Every key exists whatever the mode; Initialize() lays out those the mode shows.
 const KeyDefinition keyDefinitions[] = {
-    {"0", "0", "kbBtnBottom", press, false, false},
-    {"1", "1", "kbBtnLeft", press, false, false},
-    {"2", "2", "kbBtn", press, false, false},
-    {"3", "3", "kbBtn", press, false, false},
-    {"4", "4", "kbBtnLeft", press, false, false},
-    {"5", "5", "kbBtn", press, false, false},
-    {"6", "6", "kbBtn", press, false, false},
-    {"7", "7", "kbBtnLeft", press, false, false},
-    {"8", "8", "kbBtn", press, false, false},
-    {"9", "9", "kbBtn", press, false, false},
     {"A", "A", "kbBtn", press, false, false},
     {"B", "B", "kbBtn", press, false, false},
     {"C", "C", "kbBtn", press, false, false},
@@ -52,7 +43,6 @@ const KeyDefinition keyDefinitions[] = {
     {"decr", QT_TRANSLATE_NOOP("NumpadEntryImpl", "/10"), "decr", SLOT(decrStep()), true, true},
 };
 
-// The rotate key and, in real time, the marked digit's look; the frame has the keys.
 QString keypadStyle(bool realTime)
 {
     QString style = EntryPanel::rotateKeyStyle();
@@ -71,12 +61,10 @@ NumpadEntryImpl::NumpadEntryImpl(QObject* target, QWidget* parent, const QList<Q
     , m_upper(upper)
     , m_realTime(realTime && !isHex)
     , m_hexMode(isHex)
-    , m_unitLayout(new QVBoxLayout)
+    , m_unitLayout(keyColumn())
 {
     borderFrame()->setStyleSheet(EntryPanel::hiddenBorderFrameStyle());
     m_styleText += keypadStyle(m_realTime);
-    m_unitLayout->setContentsMargins(0, 0, 0, 0);
-    m_unitLayout->setSpacing(0);
     createButtons();
     Initialize();
     // After the layout, so that a unit named like a hex digit cannot take that digit's place in the grid.
@@ -118,18 +106,13 @@ void NumpadEntryImpl::changePrecision(int precision)
 
 void NumpadEntryImpl::setUnitList(const QList<QString>& labels)
 {
-    for (const QString& label : qAsConst(m_unitList)) {
-        m_unitLayout->removeWidget(getButton(label));
-        removeButton(label);
-    }
+    fillUnitColumn(m_unitLayout, m_unitList, labels, SLOT(submit()), QStringLiteral("unit"),
+                   QStringLiteral("lastUnit"));
     m_unitList = labels;
-    for (int i = 0; i < labels.size(); ++i) {
-        const QString name = i + 1 < labels.size() ? QStringLiteral("unit") : QStringLiteral("lastUnit");
-        QPushButton* key = createButton(labels.at(i), SLOT(submit()), name);
-        addButton(labels.at(i), key);
-        m_unitLayout->addWidget(key);
-    }
-    placeEnterKey();
+    // Hex mode keeps Enter in its grid; otherwise a unit key submits too, so
+    // Enter has a place in the column only while no unit is offered.
+    if (!m_hexMode)
+        placeEnterKey(m_unitLayout, m_unitList.isEmpty());
 }
 
 void NumpadEntryImpl::setValue(const QString& text)
@@ -157,11 +140,13 @@ void NumpadEntryImpl::buttonPress()
     if (!m_targetEdit || !button)
         return;
     if (button == getButton(QStringLiteral("bksp"))) {
-        backspace();
+        if (backspace() && !m_targetEdit->text().isEmpty())
+            emit valueChanged();
     } else if (button == getButton(QStringLiteral("plmin"))) {
         toggleSign();
     } else if (button == getButton(QStringLiteral("dot"))) {
-        insertPoint();
+        if (insertPoint())
+            emit valueChanged();
     } else if (button == getButton(QStringLiteral("clear"))) {
         clear();
         emit clearEntry();
@@ -183,13 +168,9 @@ void NumpadEntryImpl::Initialize()
     setObjectName(QStringLiteral("NumpadEntry"));
     setMaximumSize(w, h);
 
-    auto* topRow = new QHBoxLayout;
-    topRow->setSpacing(0);
-    for (const char* key : {"cancel", "clear", "bksp"})
-        topRow->addWidget(getButton(QLatin1String(key)));
     auto* lowerRow = new QHBoxLayout;
     lowerRow->setSpacing(0);
-    lowerRow->addLayout(digitGrid(), m_realTime ? 4 : 3);
+    lowerRow->addLayout(keypadGrid(), m_realTime ? 4 : 3);
     if (m_hexMode) {
         lowerRow->addLayout(hexGrid(), 2);
         for (QPushButton* key : {m_rotateButton, getButton(QStringLiteral("plmin")), getButton(QStringLiteral("dot"))})
@@ -197,11 +178,7 @@ void NumpadEntryImpl::Initialize()
     } else {
         lowerRow->addLayout(m_unitLayout, 1);
     }
-    auto* rows = new QVBoxLayout(getEntryFrame());
-    rows->setContentsMargins(10, 10, 10, 10);
-    rows->setSpacing(0);
-    rows->addLayout(topRow, 1);
-    rows->addLayout(lowerRow, 4);
+    stackKeyRows(lowerRow);
 
     getContainerFrame()->setStyleSheet(m_styleText);
     // A key press must never take the focus from the field being edited.
@@ -211,9 +188,12 @@ void NumpadEntryImpl::Initialize()
     updateKeypad();
 }
 
+bool NumpadEntryImpl::acceptsEntry() { return true; }
+
 void NumpadEntryImpl::submit()
 {
-    if (const auto* button = qobject_cast<QPushButton*>(sender()))
+    const auto* button = qobject_cast<QPushButton*>(sender());
+    if (button && acceptsEntry())
         emit updateUnit(button->text());
 }
 
@@ -226,6 +206,7 @@ void NumpadEntryImpl::decrStep() { changeStep(-1.0); }
 
 void NumpadEntryImpl::createButtons()
 {
+    addDigitKeys();
     for (const KeyDefinition& definition : keyDefinitions) {
         if (definition.realTimeOnly && !m_realTime)
             continue;
@@ -234,20 +215,15 @@ void NumpadEntryImpl::createButtons()
     }
 }
 
-QGridLayout* NumpadEntryImpl::digitGrid()
+QGridLayout* NumpadEntryImpl::keypadGrid()
 {
-    QGridLayout* grid = EntryPanel::keyGrid();
-    for (int digit = 1; digit <= 9; ++digit)
-        grid->addWidget(getButton(QString::number(digit)), (digit - 1) / 3, (digit - 1) % 3);
-    grid->addWidget(getButton(QStringLiteral("dot")), 3, 0);
-    grid->addWidget(getButton(QStringLiteral("0")), 3, 1);
-    grid->addWidget(getButton(QStringLiteral("plmin")), 3, 2);
+    QGridLayout* grid = digitGrid(QStringLiteral("dot"), QStringLiteral("plmin"));
     if (m_realTime) {
         int row = 0;
         for (const char* key : {"uparrow", "downarrow", "incr", "decr"})
             grid->addWidget(getButton(QLatin1String(key)), row++, 3);
+        EntryPanel::shareColumns(grid);
     }
-    EntryPanel::shareColumns(grid);
     return grid;
 }
 
@@ -268,35 +244,6 @@ void NumpadEntryImpl::updateKeypad()
         getButton(QStringLiteral("dot"))->setEnabled(m_precision >= 1);
 }
 
-void NumpadEntryImpl::placeEnterKey()
-{
-    // Hex mode keeps Enter in its grid; otherwise a unit key submits too, so
-    // Enter has a place in the column only while no unit is offered.
-    if (m_hexMode)
-        return;
-    QPushButton* enter = getButton(QStringLiteral("enter"));
-    const bool placed = m_unitLayout->indexOf(enter) >= 0;
-    if (m_unitList.isEmpty() && !placed) {
-        m_unitLayout->addWidget(enter);
-    } else if (!m_unitList.isEmpty() && placed) {
-        m_unitLayout->removeWidget(enter);
-        enter->setParent(nullptr);
-    }
-}
-
-void NumpadEntryImpl::backspace()
-{
-    if (!eraseBeforeCursor())
-        return;
-    // A sign alone is no number.
-    if (m_targetEdit->text() == QLatin1String("-"))
-        clear();
-    if (m_targetEdit->text().isEmpty())
-        emit clearEntry();
-    else
-        emit valueChanged();
-}
-
 void NumpadEntryImpl::toggleSign()
 {
     QString text = m_targetEdit->text();
@@ -308,22 +255,6 @@ void NumpadEntryImpl::toggleSign()
     else
         text.prepend(QLatin1Char('-'));
     setText(text);
-    emit valueChanged();
-}
-
-void NumpadEntryImpl::insertPoint()
-{
-    const QString text = m_targetEdit->text();
-    if (!text.contains(QLatin1Char('.'))) {
-        if (text.isEmpty())
-            setText(QStringLiteral("0."));
-        else
-            insert(QStringLiteral("."));
-    } else if (m_targetEdit->hasSelectedText()) {
-        setText(QStringLiteral("0."));
-    } else {
-        return;
-    }
     emit valueChanged();
 }
 

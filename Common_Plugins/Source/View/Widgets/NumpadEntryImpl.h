@@ -58,6 +58,8 @@ protected slots:
 
 protected:
     void Initialize() override;
+    //! Whether the text may be submitted; a pad that refuses it tells the operator why.
+    virtual bool acceptsEntry();
 
 private slots:
     void submit();
@@ -69,13 +71,10 @@ private slots:
 
 private:
     void createButtons();
-    QGridLayout* digitGrid();
+    QGridLayout* keypadGrid();
     QGridLayout* hexGrid();
     void updateKeypad();
-    void placeEnterKey();
-    void backspace();
     void toggleSign();
-    void insertPoint();
     void updateValue(double direction);
     void changeStep(double direction);
 
