@@ -4,14 +4,17 @@
 // --render DIR it runs for --seconds, then writes a PNG of each screen (and
 // of each entry mechanism of a field marked "openedByDemo") into DIR and
 // exits, for machines without a display. SIGTERM and SIGINT end it in order.
+#include "ContainerImpl.h"
 #include "DDS_ParticipantHolder.h"
 #include "DemoOptions.h"
 #include "DemoUiLoader.h"
 #include "DemoWindow.h"
 #include "EngineBinder.h"
+#include "LatLonEntryImpl.h"
 #include "NumericEntryImpl.h"
 #include "QRVStatusBar.h"
 #include "SimEngineProcess.h"
+#include "TextEntryImpl.h"
 #include "ToggleButtonImpl.h"
 #include "WidgetBaseImpl.h"
 
@@ -52,6 +55,23 @@ void giveDoubleSliders(QWidget* screen)
     for (NumericEntryImpl* field : screen->findChildren<NumericEntryImpl*>())
         if (field->property("doubleSlider").toBool())
             field->addSliderControl(false, field->lowerLimit(), field->upperLimit());
+}
+
+// A form marks a text field "latLonPad" ("latitude" or "longitude") to have
+// it typed on the degree and minute keypad, which only a host gives a field.
+void giveLatLonPads(QWidget* screen)
+{
+    for (TextEntryImpl* field : screen->findChildren<TextEntryImpl*>()) {
+        const QString mode = field->property("latLonPad").toString();
+        if (mode.isEmpty())
+            continue;
+        auto* pad = new LatLonEntryImpl(field->getLineEdit(),
+                                        mode == QLatin1String("longitude") ? LatLonEntryImpl::Longitude
+                                                                           : LatLonEntryImpl::Latitude,
+                                        field->window(), nullptr, 260, 380);
+        QObject::connect(pad, &LatLonEntryImpl::updateUnit, field, &TextEntryImpl::enterText);
+        field->setEntryMechanism(pad);
+    }
 }
 
 // Without a display nobody touches the screen: the demo touches the toggle
@@ -110,35 +130,35 @@ bool savePicture(QWidget* widget, const QString& file)
 //! The entry mechanism open on the window, if any; every bound field keeps its own there, hidden.
 QWidget* openMechanism(const DemoWindow& window)
 {
-    for (const char* name : {"NumpadEntry", "SpinWheel", "SingleSlider", "slider"}) {
-        for (QWidget* mechanism : window.findChildren<QWidget*>(QLatin1String(name), Qt::FindDirectChildrenOnly))
-            if (mechanism->isVisible())
-                return mechanism;
-    }
+    for (ContainerImpl* mechanism : window.findChildren<ContainerImpl*>(QString(), Qt::FindDirectChildrenOnly))
+        if (mechanism->isVisible())
+            return mechanism;
     return nullptr;
 }
 
-// Nor does anybody open a field: the demo touches each numeric field a
-// form marks "openedByDemo", turns through its mechanisms by their rotate
-// keys and writes a picture of each, named after the screen and the
+// Nor does anybody open a field: the demo touches each field a form marks
+// "openedByDemo", turns through its mechanisms by their rotate keys and
+// writes a picture of each, named after the screen, the field and the
 // mechanism.
 bool renderMechanisms(DemoWindow& window, QWidget* screen, const QString& base)
 {
-    for (NumericEntryImpl* field : screen->findChildren<NumericEntryImpl*>()) {
+    for (WidgetBaseImpl* field : screen->findChildren<WidgetBaseImpl*>()) {
         if (!field->property("openedByDemo").toBool())
             continue;
-        const QPoint box = field->findChild<QLineEdit*>()->geometry().center();
-        QMouseEvent touch(QEvent::MouseButtonRelease, box, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        const QLineEdit* box = field->findChild<QLineEdit*>();
+        const QPoint at = box ? box->mapTo(field, box->rect().center()) : field->rect().center();
+        QMouseEvent touch(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
         QApplication::sendEvent(field, &touch);
         QApplication::processEvents();
         QStringList shown;
         for (QWidget* open = openMechanism(window); open && !shown.contains(open->objectName());
              open = openMechanism(window)) {
             shown << open->objectName();
-            if (!savePicture(&window, base + QLatin1Char('-') + open->objectName().toLower() + QStringLiteral(".png")))
+            const QString file = QStringLiteral("%1-%2-%3.png").arg(base, field->objectName(), open->objectName());
+            if (!savePicture(&window, file.toLower()))
                 return false;
             auto* rotate = open->findChild<QPushButton*>(QStringLiteral("RotateEntry"));
-            if (!rotate)
+            if (!rotate || !rotate->isEnabled())
                 break;
             rotate->click();
         }
@@ -210,6 +230,8 @@ int main(int argc, char* argv[])
     QList<QWidget*> screens;
     if (!addScreens(options.formFiles(), loader, window, screens))
         return 1;
+    for (QWidget* screen : qAsConst(screens))
+        giveLatLonPads(screen);
 
     SimEngineProcess engine;
     const QString reference = engineReference(options, engine);

@@ -54,7 +54,7 @@ const QStringList registeredNames{
     QStringLiteral("ContainerImpl"), QStringLiteral("Kelvane::gui::HorizontalSliderImpl"), QStringLiteral("MeterBarImpl"),
     QStringLiteral("NumericEntryImpl"), QStringLiteral("ProgressBar"),
     QStringLiteral("Kelvane::gui::TableEnum"), QStringLiteral("Kelvane::gui::TableEnumMulti"),
-    QStringLiteral("Kelvane::gui::TableImpl"), QStringLiteral("Kelvane::gui::TableViewImpl"),
+    QStringLiteral("Kelvane::gui::TableImpl"), QStringLiteral("Kelvane::gui::TableViewImpl"), QStringLiteral("TextEntryImpl"),
     QStringLiteral("ToggleButtonImpl"), QStringLiteral("Kelvane::gui::VerticalSliderImpl"),
 };
 

@@ -12,6 +12,7 @@
 #include "TableEnumMulti.h"
 #include "TableImpl.h"
 #include "TableViewImpl.h"
+#include "TextEntryImpl.h"
 #include "ToggleButtonImpl.h"
 #include "VerticalSliderImpl.h"
 

@@ -118,7 +118,7 @@ RV_COLLECTION_ROW(KelvaneGui, TableViewPlugin,
 RV_COLLECTION_ROW(TopLevel, TextEntryPlugin,
     "TextEntryImpl", "Ruvell", "TextEntryImpl.h", false,
     "TextEntry", "Entry widget with onscreen keyboard",
-    A, "TextEntry", Listed, RV_NOT_IN_TREE)
+    A, "TextEntry", Listed, RV_MADE_BY(TextEntryImpl))
 
 RV_COLLECTION_ROW(TopLevel, TimeDatePlugin,
     "TimeDate", "Ruvell", "TimeDate.h", false,

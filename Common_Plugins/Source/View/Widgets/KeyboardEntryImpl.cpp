@@ -156,6 +156,7 @@ void KeyboardEntryImpl::checkShiftState() { swapLowercase(); }
 void KeyboardEntryImpl::Initialize()
 {
     BaseEntryImpl::Initialize();
+    setObjectName(QStringLiteral("KeyboardEntry"));
     createButtons();
     m_pages = new QStackedWidget;
     m_pages->addWidget(letterPage(false));
