@@ -45,6 +45,8 @@ IPEntryImpl::IPEntryImpl(QObject* target, QWidget* parent, int width, int height
     m_styleText += EntryPanel::longReadOutStyle();
     getContainerFrame()->setStyleSheet(m_styleText);
     getButton(QStringLiteral("plmin"))->setEnabled(false);
+    // An address has no other mechanism to turn to.
+    findChild<QPushButton*>(QStringLiteral("RotateEntry"))->hide();
     connect(this, &NumpadEntryImpl::updateUnit, this, &IPEntryImpl::enterPressed);
     connect(this, &NumpadEntryImpl::closeEntry, this, &ContainerBase::WindowClosed);
     connect(this, &BaseEntryImpl::cancelEntry, this, &ContainerBase::WindowClosed);
