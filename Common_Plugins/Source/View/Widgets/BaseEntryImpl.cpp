@@ -220,6 +220,12 @@ void BaseEntryImpl::placePanel(const QSize& size)
     m_entryFrame->setGeometry(QRect(QPoint(0, 78), QPoint(size.width() - 1, size.height() - 51)));
 }
 
+void BaseEntryImpl::keepFocusOnTheField()
+{
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setFocusProxy(m_targetEdit);
+}
+
 void BaseEntryImpl::addDigitKeys()
 {
     for (int digit = 0; digit <= 9; ++digit) {

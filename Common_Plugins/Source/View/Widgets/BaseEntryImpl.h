@@ -74,6 +74,8 @@ protected:
     //! Lays out the frame; a derived pad calls it first from its own.
     virtual void Initialize();
 
+    //! No key press takes the focus from the field being edited: every key hands it on to the field.
+    void keepFocusOnTheField();
     //! The keys "0" to "9", typed through buttonPress().
     void addDigitKeys();
     //! Digits 1 to 9 in rows of three, 1 at the top left, above \a bottomLeft, "0" and \a bottomRight.

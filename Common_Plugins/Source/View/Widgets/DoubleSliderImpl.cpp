@@ -20,13 +20,6 @@ QLabel* marker(const char* name)
     return label;
 }
 
-QPushButton* stepKey(const QString& name, const QString& text)
-{
-    auto* key = new QPushButton(text);
-    key->setObjectName(name);
-    key->setFocusPolicy(Qt::NoFocus);
-    return key;
-}
 
 //! The keys beside a ruler: \a rim round them, rounded on their outer side.
 QString stepKeyRules(const char* prefix, const QString& rim)
@@ -65,7 +58,7 @@ DoubleSliderImpl::DoubleSliderImpl(QWidget* parent, double value, double lower, 
     column->addWidget(rulerRow(m_topBar, QStringLiteral("top"), &DoubleSliderImpl::incTopBar,
                                &DoubleSliderImpl::decTopBar));
     column->addWidget(marker("btmMarker"));
-    QPushButton* enter = stepKey(QStringLiteral("enter"), tr("Enter"));
+    QPushButton* enter = EntryPanel::key(QStringLiteral("enter"), tr("Enter"));
     auto* outer = new QHBoxLayout;
     outer->setContentsMargins(5, 5, 5, 5);
     outer->setSpacing(6);
@@ -149,8 +142,8 @@ QFrame* DoubleSliderImpl::rulerRow(SliderBarImpl* bar, const QString& prefix, vo
     auto* row = new QHBoxLayout(frame);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
-    QPushButton* coarserKey = stepKey(prefix + QStringLiteral("IncStep"), QStringLiteral("x10"));
-    QPushButton* finerKey = stepKey(prefix + QStringLiteral("DecStep"), QStringLiteral("/10"));
+    QPushButton* coarserKey = EntryPanel::key(prefix + QStringLiteral("IncStep"), QStringLiteral("x10"));
+    QPushButton* finerKey = EntryPanel::key(prefix + QStringLiteral("DecStep"), QStringLiteral("/10"));
     row->addWidget(coarserKey);
     row->addWidget(bar);
     row->addWidget(finerKey);

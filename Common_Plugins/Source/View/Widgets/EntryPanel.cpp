@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 namespace {
 
@@ -99,6 +100,14 @@ QString EntryPanel::keyRule(const char* name, const char* widths, KeyCorners cor
     }
     return QStringLiteral("QPushButton#%1 { border-width: %2;%3 %4 }")
         .arg(QLatin1String(name), QLatin1String(widths), rounded, extra);
+}
+
+QPushButton* EntryPanel::key(const QString& name, const QString& text, QWidget* parent)
+{
+    auto* key = new QPushButton(text, parent);
+    key->setObjectName(name);
+    key->setFocusPolicy(Qt::NoFocus);
+    return key;
 }
 
 QGridLayout* EntryPanel::keyGrid()

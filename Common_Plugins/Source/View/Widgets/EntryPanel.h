@@ -9,7 +9,9 @@ class QFrame;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QSize;
+class QWidget;
 
 /*!
   The panel that every entry mechanism opens in: a black translucent frame
@@ -49,6 +51,8 @@ public:
     */
     static QString keyRule(const char* name, const char* widths, KeyCorners corners = KeyCorners::Square,
                            const QString& extra = QString());
+    //! A key named \a name that never takes the focus from the field being edited.
+    static QPushButton* key(const QString& name, const QString& text, QWidget* parent = nullptr);
     //! A grid for keys that touch: no margin, no spacing.
     static QGridLayout* keyGrid();
     //! Gives every column of \a grid the same share of its width.

@@ -175,9 +175,7 @@ void KeyboardEntryImpl::Initialize()
     rows->addLayout(m_pageLayout);
 
     changeSizeSlot(QStringLiteral("Min"));
-    // A key press must never take the focus from the field being edited.
-    for (QPushButton* button : findChildren<QPushButton*>())
-        button->setFocusProxy(m_targetEdit);
+    keepFocusOnTheField();
 }
 
 void KeyboardEntryImpl::createButtons()
@@ -224,14 +222,8 @@ QWidget* KeyboardEntryImpl::letterPage(bool upperCase)
 
 QWidget* KeyboardEntryImpl::digitBlock()
 {
-    QGridLayout* grid = EntryPanel::keyGrid();
-    for (int digit = 1; digit <= 9; ++digit)
-        grid->addWidget(getButton(QString::number(digit)), (digit - 1) / 3, (digit - 1) % 3);
-    grid->addWidget(getButton(QStringLiteral("cancel")), 3, 0);
-    grid->addWidget(getButton(QStringLiteral("0")), 3, 1);
-    grid->addWidget(getButton(QStringLiteral("clear")), 3, 2);
     auto* block = new QFrame;
-    block->setLayout(grid);
+    block->setLayout(digitGrid(QStringLiteral("cancel"), QStringLiteral("clear")));
     return block;
 }
 

@@ -181,9 +181,7 @@ void NumpadEntryImpl::Initialize()
     stackKeyRows(lowerRow);
 
     getContainerFrame()->setStyleSheet(m_styleText);
-    // A key press must never take the focus from the field being edited.
-    for (QPushButton* button : findChildren<QPushButton*>())
-        button->setFocusProxy(m_targetEdit);
+    keepFocusOnTheField();
     connect(m_rotateButton, &QPushButton::clicked, this, &NumpadEntryImpl::rotate);
     updateKeypad();
 }

@@ -62,7 +62,7 @@ SingleSliderImpl::SingleSliderImpl(QWidget* parent, double value, double lower, 
     layOutRuler(parts.mainFrame);
 
     const auto placedKey = [&](const char* name, const QString& text, const QRect& area) {
-        QPushButton* key = addKey(name, text, parts.mainFrame);
+        QPushButton* key = EntryPanel::key(QLatin1String(name), text, parts.mainFrame);
         key->setGeometry(area);
         return key;
     };
@@ -171,15 +171,6 @@ void SingleSliderImpl::updateIndicatorValue(const QString& value, const QString&
     emit valueChanged(value);
 }
 
-QPushButton* SingleSliderImpl::addKey(const char* name, const QString& text, QWidget* parent)
-{
-    auto* key = new QPushButton(text, parent);
-    key->setObjectName(QLatin1String(name));
-    // A key never takes the focus from the field being edited.
-    key->setFocusPolicy(Qt::NoFocus);
-    return key;
-}
-
 void SingleSliderImpl::layOutRuler(QWidget* parent)
 {
     auto* frame = new QFrame(parent);
@@ -187,8 +178,8 @@ void SingleSliderImpl::layOutRuler(QWidget* parent)
     auto* row = new QHBoxLayout(frame);
     row->setContentsMargins(10, 0, 10, 0);
     row->setSpacing(0);
-    QPushButton* coarser = addKey("incStep", QStringLiteral("x10"), frame);
-    QPushButton* finer = addKey("decStep", QStringLiteral("/10"), frame);
+    QPushButton* coarser = EntryPanel::key(QStringLiteral("incStep"), QStringLiteral("x10"), frame);
+    QPushButton* finer = EntryPanel::key(QStringLiteral("decStep"), QStringLiteral("/10"), frame);
     row->addWidget(coarser);
     row->addWidget(m_bar);
     row->addWidget(finer);

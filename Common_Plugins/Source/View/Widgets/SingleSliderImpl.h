@@ -52,7 +52,6 @@ signals:
     void rotateEntryMechanism(QString entry);
 
 private:
-    QPushButton* addKey(const char* name, const QString& text, QWidget* parent);
     void layOutRuler(QWidget* parent);
     void stepBy(double direction);
     void applyStyle();

@@ -262,9 +262,7 @@ void SpinWheelImpl::rotate() { emit rotateEntryMechanism(objectName()); }
 
 QPushButton* SpinWheelImpl::addKey(QWidget* parent, const char* name, const QRect& area, const char* text)
 {
-    auto* key = new QPushButton(QLatin1String(text), parent);
-    key->setObjectName(QLatin1String(name));
+    QPushButton* key = EntryPanel::key(QLatin1String(name), QLatin1String(text), parent);
     key->setGeometry(area);
-    key->setFocusPolicy(Qt::NoFocus);
     return key;
 }
