@@ -52,7 +52,7 @@ namespace {
 const QStringList registeredNames{
     QStringLiteral("ComboBoxImpl"), QStringLiteral("ConfirmationPushButtonImpl"), QStringLiteral("ConfirmationToggleButtonImpl"),
     QStringLiteral("ContainerImpl"), QStringLiteral("Kelvane::gui::HorizontalSliderImpl"), QStringLiteral("MeterBarImpl"),
-    QStringLiteral("NumericEntryImpl"), QStringLiteral("ProgressBar"),
+    QStringLiteral("NumericEntryImpl"), QStringLiteral("ProgressBar"), QStringLiteral("TabImpl"),
     QStringLiteral("Kelvane::gui::TableEnum"), QStringLiteral("Kelvane::gui::TableEnumMulti"),
     QStringLiteral("Kelvane::gui::TableImpl"), QStringLiteral("Kelvane::gui::TableViewImpl"), QStringLiteral("TextEntryImpl"),
     QStringLiteral("ToggleButtonImpl"), QStringLiteral("Kelvane::gui::VerticalSliderImpl"),

@@ -61,6 +61,14 @@ void ScrollableMenuBarFrame::addWidget(QWidget* widget)
     refit();
 }
 
+bool ScrollableMenuBarFrame::isPlacedByHolder() const { return m_placedByHolder; }
+
+void ScrollableMenuBarFrame::setPlacedByHolder(bool placed)
+{
+    m_placedByHolder = placed;
+    refit();
+}
+
 bool ScrollableMenuBarFrame::isScrollable() const
 {
     if (!m_holder)
@@ -83,7 +91,7 @@ void ScrollableMenuBarFrame::move(const QPoint& position)
 
     int along = 0;
     if (isScrollable()) {
-        const int arrow = m_backButton->width();
+        const int arrow = arrowRoom();
         along = qBound(roomAlong - length - arrow, wanted, arrow);
     } else if (vertical) {
         along = alignedOffset(length, roomAlong, m_alignment & Qt::AlignBottom, m_alignment & Qt::AlignVCenter);
@@ -106,6 +114,8 @@ bool ScrollableMenuBarFrame::event(QEvent* event)
     const bool handled = QFrame::event(event);
     if (event->type() == QEvent::LayoutRequest)
         refit();
+    else if (event->type() == QEvent::Resize && m_placedByHolder)
+        move(pos());
     else if (event->type() == QEvent::ParentChange)
         adoptHolder();
     return handled;
@@ -154,7 +164,7 @@ void ScrollableMenuBarFrame::adoptHolder()
 
 void ScrollableMenuBarFrame::refit()
 {
-    if (layout())
+    if (layout() && !m_placedByHolder)
         resize(layout()->sizeHint());
     if (m_holder) {
         const bool vertical = runsVertically();
@@ -165,7 +175,7 @@ void ScrollableMenuBarFrame::refit()
         m_forwardButton->setDirection(vertical ? Qt::DownArrow : Qt::RightArrow);
     }
     // A strip that has just outgrown its holder starts with its first item beside the back arrow.
-    const bool startOver = isScrollable() && !m_backButton->isVisibleTo(m_holder);
+    const bool startOver = !m_placedByHolder && isScrollable() && !m_backButton->isVisibleTo(m_holder);
     move(startOver ? QPoint(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : pos());
 }
 
@@ -177,7 +187,7 @@ void ScrollableMenuBarFrame::scrollBy(int steps)
 
 void ScrollableMenuBarFrame::placeScrollButtons()
 {
-    const bool needed = isScrollable();
+    const bool needed = isScrollable() && !m_placedByHolder;
     m_backButton->setVisible(needed);
     m_forwardButton->setVisible(needed);
     if (!needed)
@@ -197,6 +207,11 @@ void ScrollableMenuBarFrame::placeScrollButtons()
     m_forwardButton->setEnabled(along > (vertical ? room.height() - height() : room.width() - width()) - side);
     m_backButton->raise();
     m_forwardButton->raise();
+}
+
+int ScrollableMenuBarFrame::arrowRoom() const
+{
+    return m_placedByHolder ? 0 : m_backButton->width();
 }
 
 int ScrollableMenuBarFrame::scrollStep() const

@@ -16,6 +16,10 @@ class ScrollButton;
   strip with them or by dragging it; it never slides further than needed to
   show its first or last item beside the arrows. The strip runs along the
   direction of its layout: a row unless a vertical box layout is set on it.
+
+  A holder that keeps arrows of its own (a tab bar) places the strip
+  itself: the strip then shows no buttons, leaves its size to the holder
+  and slides between the holder's ends.
 */
 class ScrollableMenuBarFrame : public QFrame
 {
@@ -30,6 +34,10 @@ public:
 
     //! Appends \a widget to the strip, making a row layout if there is none.
     void addWidget(QWidget* widget);
+
+    //! The holder sizes the strip and keeps its own arrows; off by default.
+    bool isPlacedByHolder() const;
+    void setPlacedByHolder(bool placed);
 
     //! True while the strip is longer than its holder, so it can slide.
     bool isScrollable() const;
@@ -55,12 +63,15 @@ private:
     void scrollBy(int steps);
     void placeScrollButtons();
     int scrollStep() const;
+    //! Room kept at each end of the holder for a scroll button.
+    int arrowRoom() const;
 
     Qt::Alignment m_alignment = Qt::AlignLeft;
     QPointer<ScrollButton> m_backButton;
     QPointer<ScrollButton> m_forwardButton;
     QPointer<QWidget> m_holder;
     QPoint m_grabOffset;
+    bool m_placedByHolder = false;
 };
 
 #endif // SCROLLABLEMENUBARFRAME_H

@@ -8,6 +8,7 @@
 #include "MeterBarImpl.h"
 #include "NumericEntryImpl.h"
 #include "ProgressBar.h"
+#include "TabImpl.h"
 #include "TableEnum.h"
 #include "TableEnumMulti.h"
 #include "TableImpl.h"

@@ -92,7 +92,7 @@ RV_COLLECTION_ROW(TopLevel, SaveTraceButtonPlugin,
 RV_COLLECTION_ROW(TopLevel, TabPlugin,
     "TabImpl", "Ruvell", "TabImpl.h", true,
     "A Tab Widget", "A Ruvell Tab Widget",
-    B, "Tab", Listed, RV_NOT_IN_TREE)
+    B, "Tab", Listed, RV_MADE_BY(TabImpl))
 
 RV_COLLECTION_ROW(KelvaneGui, TableEnumPlugin,
     "Kelvane::gui::TableEnum", "Ruvell", "TableEnum.h", false,
