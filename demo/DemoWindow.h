@@ -4,14 +4,13 @@
 #include <QWidget>
 
 class QRVStatusBar;
-class QStackedWidget;
-class QHBoxLayout;
+class TabImpl;
 
 /*!
-  The demo instrument's one window, the screen "MainWindow": a row of
-  screen keys at the top, the current screen, and the status bar. It
-  registers itself, its key row and its status bar with the platform, as the
-  instrument's UI process does.
+  The demo instrument's one window, the screen "MainWindow": the screens
+  on the library's own tabs, and the status bar. It registers itself, its
+  tab bar and its status bar with the platform, as the instrument's UI
+  process does.
 */
 class DemoWindow : public QWidget
 {
@@ -28,10 +27,8 @@ public:
     QRVStatusBar* statusBar() const;
 
 private:
-    QHBoxLayout* m_screenKeys = nullptr;
-    QStackedWidget* m_screens = nullptr;
+    TabImpl* m_screens = nullptr;
     QRVStatusBar* m_statusBar = nullptr;
-    QStringList m_titles;
 };
 
 #endif // DEMOWINDOW_H
