@@ -1,5 +1,6 @@
 #include "HorizontalScrollBarImpl.h"
 #include "PushButtonImpl.h"
+#include "QRVStatusBar.h"
 #include "ScrollButton.h"
 #include "ScrollableMenuBarFrame.h"
 #include "TestSupport.h"
@@ -7,6 +8,7 @@
 
 #include "CSS.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
@@ -73,6 +75,7 @@ private slots:
     void menuBarPlacesAFittingStrip();
     void menuBarScrollsAnOverflowingStrip();
     void menuBarFollowsItsHolder();
+    void statusBarKeepsPermanentWidgetsBesideTheTime();
 };
 
 void TestPlatformWidgets::pushButtonClickReachesButtonClicked()
@@ -290,6 +293,25 @@ void TestPlatformWidgets::menuBarFollowsItsHolder()
     QCOMPARE(strip->x(), 40);
     delete strip;
     QVERIFY(narrow.findChildren<ScrollButton*>().isEmpty());
+}
+
+void TestPlatformWidgets::statusBarKeepsPermanentWidgetsBesideTheTime()
+{
+    QRVStatusBar bar;
+    bar.resize(600, 40);
+    auto* lamp = new QLabel(QStringLiteral("lamp"));
+    bar.addPermanentWidget(lamp);
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    bar.addMessage(QStringLiteral("A message long enough to want the whole width of the bar and more"));
+    QApplication::processEvents();
+
+    const QLabel* message = bar.findChild<QLabel*>(QStringLiteral("StatusMessage"));
+    const QLabel* time = bar.findChild<QLabel*>(QStringLiteral("StatusTime"));
+    QCOMPARE(lamp->parentWidget(), &bar);
+    QVERIFY(lamp->isVisible());
+    QVERIFY(message->geometry().right() < lamp->geometry().left());
+    QVERIFY(lamp->geometry().right() < time->geometry().left());
 }
 
 QTEST_MAIN(TestPlatformWidgets)

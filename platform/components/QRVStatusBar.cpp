@@ -24,6 +24,12 @@ QRVStatusBar::QRVStatusBar(QWidget* parent)
     applyClassStyle(Brenmoor::Event::Information);
 }
 
+void QRVStatusBar::addPermanentWidget(QWidget* widget)
+{
+    auto* row = static_cast<QHBoxLayout*>(layout());
+    row->insertWidget(row->indexOf(m_timeLabel), widget);
+}
+
 QStringList QRVStatusBar::history() const { return m_history; }
 
 QString QRVStatusBar::currentMessage() const { return m_messageLabel->text(); }

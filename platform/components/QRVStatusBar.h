@@ -23,6 +23,9 @@ class QRVStatusBar : public QFrame
 public:
     explicit QRVStatusBar(QWidget* parent = nullptr);
 
+    //! Puts \a widget at the bar's right end, before the time, where no message covers it.
+    void addPermanentWidget(QWidget* widget);
+
     //! The kept messages, newest first, each prefixed by its time.
     QStringList history() const;
     //! The message now shown, without its time.
