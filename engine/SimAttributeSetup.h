@@ -52,7 +52,9 @@ struct SimMeter
 
 /*!
   A change the engine makes by itself, so that a screen shows live values.
-  Ramp runs from min to max once per period and starts again; walk moves by
+  Ramp runs from min to max once per period and starts again; drain falls
+  from max to min over one period and climbs back over the next, as a
+  battery that runs down and is charged (both move at every tick); walk moves by
   up to a tenth of the range once per period; toggle flips a boolean (a
   number swaps between min and max); cycle steps an enum to its next enabled
   entry (a number counts up by one from min to max, a text goes to the next
@@ -61,7 +63,7 @@ struct SimMeter
 */
 struct SimSimulation
 {
-    enum class Kind { None, Ramp, Walk, Toggle, Cycle, Reshape };
+    enum class Kind { None, Ramp, Drain, Walk, Toggle, Cycle, Reshape };
     Kind kind = Kind::None;
     int periodMs = 1000;
     double min = 0.0;

@@ -280,6 +280,7 @@ std::vector<std::string> textsIn(const QJsonValue& json, const QString& where)
 SimSimulation simulationIn(const QJsonValue& json, SimKind kind, const QString& where)
 {
     static const QMap<QString, SimSimulation::Kind> kinds = {{"ramp", SimSimulation::Kind::Ramp},
+                                                             {"drain", SimSimulation::Kind::Drain},
                                                              {"walk", SimSimulation::Kind::Walk},
                                                              {"toggle", SimSimulation::Kind::Toggle},
                                                              {"cycle", SimSimulation::Kind::Cycle},

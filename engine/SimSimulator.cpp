@@ -54,8 +54,8 @@ std::optional<SimValue> SimSimulator::advance(Clock::time_point now, const SimAt
 
 bool SimSimulator::due(Clock::time_point now)
 {
-    // A ramp moves at every tick; the others once per period.
-    if (m_simulation.kind == Kind::Ramp)
+    // A ramp and a drain move at every tick; the others once per period.
+    if (m_simulation.kind == Kind::Ramp || m_simulation.kind == Kind::Drain)
         return true;
     if (now < m_nextDue)
         return false;
@@ -69,9 +69,12 @@ double SimSimulator::nextNumber(Clock::time_point now, double current)
 {
     const double span = m_simulation.max - m_simulation.min;
     switch (m_simulation.kind) {
-    case Kind::Ramp: {
-        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - m_start).count();
-        return m_simulation.min + span * static_cast<double>(elapsed % m_simulation.periodMs) / m_simulation.periodMs;
+    case Kind::Ramp:
+        return m_simulation.min + span * periodsSinceStart(now, 1);
+    case Kind::Drain: {
+        // Down over the first period, back up over the second.
+        const double phase = periodsSinceStart(now, 2);
+        return phase < 1.0 ? m_simulation.max - span * phase : m_simulation.min + span * (phase - 1.0);
     }
     case Kind::Walk: {
         std::uniform_real_distribution<double> step(-span / 10.0, span / 10.0);
@@ -86,6 +89,13 @@ double SimSimulator::nextNumber(Clock::time_point now, double current)
         break;
     }
     return current;
+}
+
+double SimSimulator::periodsSinceStart(Clock::time_point now, int cycle) const
+{
+    const std::int64_t elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - m_start).count();
+    const std::int64_t cycleMs = std::int64_t{m_simulation.periodMs} * cycle;
+    return static_cast<double>(elapsed % cycleMs) / m_simulation.periodMs;
 }
 
 std::optional<std::vector<SimEnumEntry>> SimSimulator::nextList(Clock::time_point now, const SimAttributeState& state,

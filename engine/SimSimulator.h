@@ -31,6 +31,8 @@ public:
 private:
     bool due(Clock::time_point now);
     double nextNumber(Clock::time_point now, double current);
+    //! Periods gone since the start, counted within a cycle of \a cycle periods: from 0 up to \a cycle.
+    double periodsSinceStart(Clock::time_point now, int cycle) const;
     static SimValue nextEntry(const SimAttributeState& state);
     //! The text after \a current in the cycle; the first after the last or after one not in it.
     std::string nextText(const std::string& current) const;

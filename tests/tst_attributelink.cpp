@@ -178,6 +178,9 @@ void TestAttributeLink::numericLinkSpeaksEveryNumberInterface()
     QCOMPARE(sample.value, initial);
     if (link->carriesUnits())
         QCOMPARE(ValueHelper::getUnitString(sample.units), QStringLiteral("Hz"));
+    // A value record carries its upper limit, read or settable; a plain number none.
+    const bool record = number == int(NumericLink::Number::ValueLong) || number == int(NumericLink::Number::ValueDouble);
+    QCOMPARE(sample.upperLimit, record ? 5000.0 : qQNaN());
 
     double lower = 0.0;
     double upper = 0.0;
@@ -197,6 +200,8 @@ void TestAttributeLink::numericLinkSpeaksEveryNumberInterface()
         m_engine->setValue(attributeName, engineNumber(whole, next));
     }
     QTRY_COMPARE(last.value(), next);
+    std::lock_guard<std::mutex> lock(last.mutex);
+    QCOMPARE(last.sample.upperLimit, sample.upperLimit);
 }
 
 void TestAttributeLink::readingsRefuseASend()

@@ -8,6 +8,7 @@
 #include "SimEngine.h"
 #include "SimEngineProcess.h"
 #include "SimScenario.h"
+#include "SimSimulator.h"
 
 #include <TQMM_DDSPubSubTypes.h>
 
@@ -23,6 +24,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -184,6 +186,8 @@ private slots:
     void enumListChangeIsAnnounced();
     void limitsChangeIsAnnounced();
     void rampMovesTheValue();
+    void drainFallsThenClimbsBack_data();
+    void drainFallsThenClimbsBack();
     void reshapeChangesTheListAndKeepsTheValueListed();
     void textsCycleTravelWholeAndRefuseWhatTheyAreTold();
     void scenarioRejectsBadInput_data();
@@ -525,6 +529,40 @@ void TestSimEngine::rampMovesTheValue()
     QVERIFY(second->value() >= 0 && second->value() <= 100);
 }
 
+void TestSimEngine::drainFallsThenClimbsBack_data()
+{
+    QTest::addColumn<double>("min");
+    QTest::addColumn<double>("max");
+    QTest::addColumn<int>("periodMs");
+    QTest::newRow("a battery's minutes") << 0.0 << 600.0 << 60000;
+    QTest::newRow("around zero, quickly") << -5.0 << 5.0 << 300;
+}
+
+void TestSimEngine::drainFallsThenClimbsBack()
+{
+    QFETCH(double, min);
+    QFETCH(double, max);
+    QFETCH(int, periodMs);
+    // Driven by the clock it is given: each step is one tenth of a period.
+    const SimSimulator::Clock::time_point start;
+    SimSimulator drain({SimSimulation::Kind::Drain, periodMs, min, max, {}}, start);
+    SimAttributeState state{max, {}, {}, {}, {}, {}};
+    std::vector<double> values;
+    for (int step = 0; step <= 20; ++step) {
+        const auto next = drain.advance(start + std::chrono::milliseconds(periodMs * step / 10), state);
+        QVERIFY2(next, "a drain moves at every tick");
+        state.value = *next;
+        values.push_back(std::get<double>(*next));
+        QVERIFY(values.back() >= min && values.back() <= max);
+    }
+    const auto bottom = values.begin() + 10;
+    QCOMPARE(values.front(), max);
+    QCOMPARE(*bottom, min);
+    QCOMPARE(values.back(), max);
+    QVERIFY(std::adjacent_find(values.begin(), bottom + 1, std::less_equal<>()) == bottom + 1);
+    QVERIFY(std::adjacent_find(bottom, values.end(), std::greater_equal<>()) == values.end());
+}
+
 void TestSimEngine::reshapeChangesTheListAndKeepsTheValueListed()
 {
     auto filter = narrowed<Brenmoor::EngineAttribEnum>(m_directory, "Filter");
@@ -579,6 +617,8 @@ void TestSimEngine::scenarioRejectsBadInput_data()
     QTest::newRow("walk on a boolean")
         << QByteArray(R"({"attributes":[{"name":"A","kind":"EngineAttribBoolean","simulation":{"kind":"walk"}}]})")
         << "does not suit";
+    QTest::newRow("drain on a boolean")
+        << oneAttribute(R"("kind":"EngineReadingBoolean","simulation":{"kind":"drain"})") << "does not suit";
     QTest::newRow("cycle of a text without texts")
         << oneAttribute(R"("kind":"EngineAttribString","simulation":{"kind":"cycle"})") << "does not suit";
     QTest::newRow("texts not strings")

@@ -106,6 +106,7 @@ private:
         NumericSample sample;
         sample.value = double(record.currentValue);
         sample.units = ValueHelper::convertToUnits(record.units);
+        sample.upperLimit = double(record.upperLimit);
         return sample;
     }
 };

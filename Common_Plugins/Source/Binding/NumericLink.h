@@ -5,6 +5,7 @@
 #include "Units.h"
 
 #include <atomic>
+#include <limits>
 
 //! One value of a numeric attribute, in the attribute's own unit.
 struct NumericSample
@@ -12,6 +13,8 @@ struct NumericSample
     double value = 0.0;
     //! The unit the engine gave; unitless for plain numbers.
     Kelvane::Value::Units units;
+    //! The upper limit a value record carries with it; NaN for a value that carries none.
+    double upperLimit = std::numeric_limits<double>::quiet_NaN();
     //! A meter's state: no value to show, a doubtful one, or over the limit.
     bool noValue = false;
     bool doubtful = false;

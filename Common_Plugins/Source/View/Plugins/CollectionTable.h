@@ -19,7 +19,7 @@
 RV_COLLECTION_ROW(KelvaneGui, BatteryStatusIndicatorPlugin,
     "Kelvane::gui::BatteryStatusIndicatorImpl", "GPS Plugins", "BatteryStatusIndicatorImpl.h", true,
     "A Battery Status Indicator", "A Battery Status Indicator",
-    B, "BatteryStatusIndicatorImpl", Listed, RV_NOT_IN_TREE)
+    B, "BatteryStatusIndicatorImpl", Listed, RV_MADE_BY(Kelvane::gui::BatteryStatusIndicatorImpl))
 
 // Made as ComboBoxImpl(false, parent) with the sample list (1, "ENUM 01"),
 // (2, "ENUM 02"), (4, "ENUM 04"), all true, given to setList(list, true).
@@ -46,7 +46,7 @@ RV_COLLECTION_ROW(TopLevel, ContainerPlugin,
 RV_COLLECTION_ROW(TopLevel, FlagStatusPlugin,
     "FlagStatusImpl", "Ruvell", "FlagStatusImpl.h", false,
     "FlagStatus", "Read only status widget",
-    A, "FlagStatus", Listed, RV_NOT_IN_TREE)
+    A, "FlagStatus", Listed, RV_MADE_BY(FlagStatusImpl))
 
 RV_COLLECTION_ROW(KelvaneGui, GroupBoxPlugin,
     "Kelvane::gui::GroupBoxImpl", "Ruvell", "GroupBoxImpl.h", true,
@@ -171,4 +171,4 @@ RV_COLLECTION_ROW(TopLevel, DateImplPlugin,
 RV_COLLECTION_ROW(TopLevel, StatusBarIconPlugin,
     "StatusBarIcon", "Ruvell", "StatusBarIcon.h", false,
     "StatusBarIcon", "An icon that appears in the status bar",
-    A, "StatusBarIcon", NeverListed, RV_NOT_IN_TREE)
+    A, "StatusBarIcon", NeverListed, RV_MADE_BY(StatusBarIcon))
