@@ -113,6 +113,11 @@ QStringList DemoOptions::formFiles() const
     return files;
 }
 
+bool DemoOptions::showsBuiltInScreens() const
+{
+    return !m_parser.isSet(QStringLiteral("form")) && formsFolder() == builtInForms;
+}
+
 QString DemoOptions::formsFolder() const
 {
     return m_parser.isSet(QStringLiteral("forms")) ? m_parser.value(QStringLiteral("forms")) : builtInForms;

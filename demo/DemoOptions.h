@@ -23,6 +23,8 @@ public:
 
     //! The forms to show: the one of --form, those of --forms, or the built-in screens.
     QStringList formFiles() const;
+    //! True for the demo's own screens, whose attributes the demo's scenario has.
+    bool showsBuiltInScreens() const;
     //! Empty when the demo starts a simulated engine of its own on scenario().
     QString engineIorFile() const;
     QString scenario() const;

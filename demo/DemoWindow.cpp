@@ -1,6 +1,8 @@
 #include "DemoWindow.h"
 
+#include "BatteryStatusIndicatorImpl.h"
 #include "CSS.h"
+#include "FlagStatusImpl.h"
 #include "GlobalImpl.h"
 #include "QRVStatusBar.h"
 #include "SystemModule.h"
@@ -51,3 +53,17 @@ QString DemoWindow::screenTitle(int index) const { return m_screens->tabText(ind
 QWidget* DemoWindow::screenWidget(int index) const { return m_screens->widget(index); }
 
 QRVStatusBar* DemoWindow::statusBar() const { return m_statusBar; }
+
+void DemoWindow::addStatusIndicators()
+{
+    auto* lamp = new FlagStatusImpl;
+    lamp->setObjectName(QStringLiteral("StatusLamp"));
+    lamp->setAttributeName(QStringLiteral("Overload"));
+    lamp->setLabel(QStringLiteral("Overload"));
+    auto* battery = new Kelvane::gui::BatteryStatusIndicatorImpl;
+    battery->setObjectName(QStringLiteral("StatusBattery"));
+    battery->setAttributeName(QStringLiteral("Battery"));
+    battery->setFixedSize(battery->minimumSizeHint().width(), 26);
+    m_statusBar->addPermanentWidget(lamp);
+    m_statusBar->addPermanentWidget(battery);
+}

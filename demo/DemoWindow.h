@@ -25,6 +25,12 @@ public:
     QString screenTitle(int index) const;
     QWidget* screenWidget(int index) const;
     QRVStatusBar* statusBar() const;
+    /*!
+      Puts a status lamp for the engine's "Overload" reading and a battery
+      for its "Battery" charge into the status bar; the host binds them
+      with the screens.
+    */
+    void addStatusIndicators();
 
 private:
     TabImpl* m_screens = nullptr;

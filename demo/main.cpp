@@ -246,6 +246,11 @@ int main(int argc, char* argv[])
     });
     for (QWidget* screen : qAsConst(screens))
         binder.addScreen(screen);
+    // A form of the user's own may run against an engine without the demo's battery and lamp.
+    if (options.showsBuiltInScreens()) {
+        window.addStatusIndicators();
+        binder.addScreen(window.statusBar());
+    }
     bool firstBinding = true;
     QObject::connect(&binder, &EngineBinder::bound, &window, [&](int) {
         for (QWidget* screen : qAsConst(screens)) {
