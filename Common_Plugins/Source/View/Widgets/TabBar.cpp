@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QDebug>
 #include <QScrollArea>
 
 namespace {
@@ -117,14 +118,14 @@ ScrollableMenuBarFrame* TabBar::strip() const { return m_innerBar; }
 
 void TabBar::hideTab(int index)
 {
-    if (Tab* hidden = tab(index))
+    if (Tab* hidden = existingTab(index, "hide"))
         hidden->hide();
     checkNavArrows();
 }
 
 void TabBar::showTab(int index)
 {
-    if (Tab* shown = tab(index))
+    if (Tab* shown = existingTab(index, "show"))
         shown->show();
     checkNavArrows();
 }
@@ -137,7 +138,7 @@ bool TabBar::isTabHidden(int index) const
 
 void TabBar::setTabText(int index, const QString& text)
 {
-    if (Tab* named = tab(index)) {
+    if (Tab* named = existingTab(index, "name")) {
         named->setLabelText(text);
         named->update();
     }
@@ -199,7 +200,7 @@ void TabBar::configureRight()
 
 void TabBar::setCurrentIndex(int index)
 {
-    if (index < 0 || index >= m_tabs.size())
+    if (!existingTab(index, "select"))
         return;
     if (Tab* old = tab(m_currentIdx))
         old->setChecked(false);
@@ -237,8 +238,10 @@ void TabBar::showEvent(QShowEvent* event)
 
 void TabBar::scrollPressed()
 {
-    const int step = sender() == m_scrollRight ? 1 : -1;
-    setCurrentIndex(nextVisibleTab(step));
+    // Past the last visible tab an arrow changes nothing.
+    const int next = nextVisibleTab(sender() == m_scrollRight ? 1 : -1);
+    if (next >= 0)
+        setCurrentIndex(next);
     checkNavArrows();
 }
 
@@ -246,6 +249,14 @@ void TabBar::checkNavArrows()
 {
     m_scrollLeft->setEnabled(nextVisibleTab(-1) >= 0);
     m_scrollRight->setEnabled(nextVisibleTab(1) >= 0);
+}
+
+Tab* TabBar::existingTab(int index, const char* action) const
+{
+    Tab* found = tab(index);
+    if (!found)
+        qDebug("UserInterface - TabBar: no tab %d to %s", index, action);
+    return found;
 }
 
 int TabBar::nextVisibleTab(int step) const

@@ -60,6 +60,8 @@ private slots:
     void checkNavArrows();
 
 private:
+    //! The tab at \a index; null, and a debug line naming \a action, if there is none.
+    Tab* existingTab(int index, const char* action) const;
     //! The visible tab next to the current one, \a step 1 onward or -1 back; -1 if there is none.
     int nextVisibleTab(int step) const;
     void placeArrows(Qt::ArrowType back, Qt::ArrowType forward, int side);

@@ -21,7 +21,7 @@ TabImpl::TabImpl(QWidget* parent)
     // The base's own bar still makes the pane's room, but cannot be seen.
     setStyleSheet(QStringLiteral("    QTabWidget::pane {        border: 2px solid #fff;        border-radius: 20px;    }    QTabWidget::tab-bar {        background-color: transparent;        border: none;    }    QTabBar {        background-color: transparent;        color: transparent;    }    QTabBar QToolButton {        background-color: transparent;        border: none;        color: transparent;    }    QTabBar::tab {        min-height: 42px;        min-width: 42px;        color: rgba(0,0,0,0);        border: none;    }"));
     connect(m_tabBar, &TabBar::currentSelected, this, &TabImpl::setCurrentIndex);
-    connect(this, &QTabWidget::currentChanged, m_tabBar, &TabBar::setCurrentIndex);
+    connect(this, &QTabWidget::currentChanged, this, &TabImpl::followCurrentPage);
 }
 
 TabImpl::~TabImpl() = default;
@@ -41,6 +41,13 @@ void TabImpl::setCurrentIndex(int index)
 {
     QTabWidget::setCurrentIndex(index);
     if (m_tabBar->currentIndex() != index)
+        m_tabBar->setCurrentIndex(index);
+}
+
+void TabImpl::followCurrentPage(int index)
+{
+    // The first page is current before its tab exists; adding the tab selects it.
+    if (index < m_tabBar->count())
         m_tabBar->setCurrentIndex(index);
 }
 

@@ -43,6 +43,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
+private slots:
+    void followCurrentPage(int index);
+
 private:
     TabBar* m_tabBar = nullptr;
 };
