@@ -1,5 +1,5 @@
-// The small pop-ups and helpers: the wait spinner, the yes/no prompt and
-// the line edit that reverts.
+// The small pop-ups and helpers: the wait spinner, the yes/no prompt, the
+// line edit that reverts, and the labelled text line of the browsers.
 #include "ContainerDialog.h"
 #include "GlobalImpl.h"
 #include "PopupDialog.h"
@@ -8,14 +8,28 @@
 #include "ScreenOverlay.h"
 #include "SystemModule.h"
 #include "TestSupport.h"
+#include "TextWidget.h"
 #include "WaitSpinner.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
+#include <QTranslator>
 #include <QtTest>
 
 namespace {
+
+// A language in which the browsers' "Look in" reads "Suchen in".
+class GermanCaptions : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* source, const char*, int) const override
+    {
+        return QLatin1String(context) == "TextWidget" && QLatin1String(source) == "Look in" ? "Suchen in" : QString();
+    }
+};
 
 /*!
   Answers the next question on \a screen once its event loop runs, with the
@@ -56,6 +70,7 @@ private slots:
     void promptAnswers();
     void dialogTitleAndResultCode();
     void lineEditReverts();
+    void textWidget();
 
 private:
     QWidget m_screen;
@@ -167,6 +182,32 @@ void TestPopups::lineEditReverts()
     edit.setText(QStringLiteral("typed over"));
     edit.revert();
     QCOMPARE(edit.text(), QStringLiteral("08:15:00"));
+}
+
+void TestPopups::textWidget()
+{
+    GermanCaptions german;
+    QCoreApplication::installTranslator(&german);
+    TextWidget widget(&m_screen, QStringLiteral("Look in"));
+    const QLabel* caption = widget.findChild<QLabel*>();
+    QCOMPARE(caption->text(), QStringLiteral("Suchen in"));
+    // The owner calls retranslate() once per change of language; a second
+    // call in the same language shows the source text again.
+    widget.retranslate();
+    QCOMPARE(caption->text(), QStringLiteral("Look in"));
+    widget.retranslate();
+    QCOMPARE(caption->text(), QStringLiteral("Suchen in"));
+    QCoreApplication::removeTranslator(&german);
+
+    // A second addition to the sheet replaces the first.
+    const QLineEdit* edit = widget.findChild<QLineEdit*>();
+    widget.setCSS(QStringLiteral("QLineEdit { color: red; }"));
+    widget.ensurePolished();
+    QCOMPARE(edit->palette().color(QPalette::Text), QColor(Qt::red));
+    widget.setCSS(QStringLiteral("QLabel { color: green; }"));
+    widget.ensurePolished();
+    QCOMPARE(edit->palette().color(QPalette::Text), QColor(Qt::white));
+    QCOMPARE(caption->palette().color(QPalette::WindowText), QColor(QStringLiteral("green")));
 }
 
 QTEST_MAIN(TestPopups)
