@@ -1,5 +1,6 @@
-// File operations run through the process manager on names that a shell
-// would have taken apart, and the storage roots.
+// The browsers' list, file operations run through the process manager on
+// names that a shell would have taken apart, and the storage roots.
+#include "ListView.h"
 #include "ProcessManager.h"
 #include "StorageRoots.h"
 
@@ -55,6 +56,7 @@ class TestFileBrowser : public QObject
 
 private slots:
     void init();
+    void leftKeyGoesUpAndDownAgain();
     void storageRoots();
     void copyAndRemoveTakeEachNameWhole_data();
     void copyAndRemoveTakeEachNameWhole();
@@ -68,6 +70,17 @@ private:
 void TestFileBrowser::init()
 {
     m_dir = std::make_unique<QTemporaryDir>();
+}
+
+void TestFileBrowser::leftKeyGoesUpAndDownAgain()
+{
+    ListView view;
+    QStringList heard;
+    connect(&view, &ListView::moveUpDirectory, this, [&] { heard << QStringLiteral("up"); });
+    connect(&view, &ListView::moveDownDirectory, this, [&] { heard << QStringLiteral("down"); });
+    QTest::keyClick(&view, Qt::Key_Left);
+    QTest::keyClick(&view, Qt::Key_Right);
+    QCOMPARE(heard, (QStringList{"up", "down", "down"}));
 }
 
 void TestFileBrowser::storageRoots()
