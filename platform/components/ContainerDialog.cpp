@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QDebug>
 #include <QEventLoop>
+#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPointer>
 
 namespace {
@@ -78,6 +80,34 @@ QHBoxLayout* ContainerDialog::createButtonLayout(QWidget* dialog, const QString&
         ++count;
     }
     return row;
+}
+
+QHBoxLayout* ContainerDialog::createButtonLayout(const QString& buttons, int& count)
+{
+    long made = 0;
+    QHBoxLayout* row = createButtonLayout(this, buttons, made);
+    count = static_cast<int>(made);
+    return row;
+}
+
+QLabel* ContainerDialog::setQuestion(const QString& text, const QString& buttons)
+{
+    auto* label = new QLabel(text);
+    label->setObjectName(QStringLiteral("dialog_text"));
+    label->setWordWrap(true);
+
+    auto* grid = new QGridLayout;
+    int count = 0;
+    QHBoxLayout* row = createButtonLayout(buttons, count);
+    if (count > 0) {
+        row->insertStretch(0);
+        grid->addLayout(row, 1, 0);
+    } else {
+        delete row;
+    }
+    grid->addWidget(label, 0, 0, 1, qMax(1, count));
+    setLayout(grid);
+    return label;
 }
 
 int ContainerDialog::exec(bool block)

@@ -5,6 +5,7 @@
 
 class QEventLoop;
 class QHBoxLayout;
+class QLabel;
 
 /*!
   A question or message in a pop-up panel, with a row of answer buttons.
@@ -29,6 +30,15 @@ public:
       Entries without a comma, a label or a whole-number result are skipped.
     */
     static QHBoxLayout* createButtonLayout(QWidget* dialog, const QString& buttons, long& count);
+    //! The same row of answer buttons, made on this dialog.
+    QHBoxLayout* createButtonLayout(const QString& buttons, int& count);
+
+    /*!
+      Makes the dialog a question: \a text in a wrapped label named
+      "dialog_text" above the answer buttons of \a buttons, which stand at
+      the right. Returns the label, for a caller that aligns the text.
+    */
+    QLabel* setQuestion(const QString& text, const QString& buttons);
 
     /*!
       Shows the dialog, centred on its parent and in front. With \a block it

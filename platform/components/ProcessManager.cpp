@@ -3,6 +3,8 @@
 #include <QDebug>
 #include <QProcess>
 
+#include <utility>
+
 ProcessManager::ProcessManager(QObject* parent)
     : QObject(parent)
     , m_process(new QProcess(this))
@@ -32,7 +34,20 @@ bool ProcessManager::isRunning() const
 
 void ProcessManager::startProcess(const QString& command)
 {
-    m_pending.enqueue(QProcess::splitCommand(command));
+    QStringList words = QProcess::splitCommand(command);
+    const QString program = words.isEmpty() ? QString() : words.takeFirst();
+    enqueue({program, words, command});
+}
+
+void ProcessManager::startProcess(const QString& program, const QStringList& arguments,
+                                  const QString& shownCommand)
+{
+    enqueue({program, arguments, shownCommand});
+}
+
+void ProcessManager::enqueue(Command command)
+{
+    m_pending.enqueue(std::move(command));
     scheduleNext();
 }
 
@@ -50,14 +65,14 @@ void ProcessManager::startNext()
     if (m_busy || m_pending.isEmpty())
         return;
     m_busy = true;
-    QStringList words = m_pending.dequeue();
-    if (words.isEmpty()) {
-        qDebug() << "UserInterface - ProcessManager: empty command";
+    const Command command = m_pending.dequeue();
+    if (command.program.isEmpty()) {
+        qDebug() << "UserInterface - ProcessManager: empty command" << command.shown;
         reportEnd(FailedToStart);
         return;
     }
-    const QString program = words.takeFirst();
-    m_process->start(program, words, QIODevice::NotOpen);
+    qDebug() << "UserInterface - ProcessManager: running" << command.shown;
+    m_process->start(command.program, command.arguments, QIODevice::NotOpen);
 }
 
 void ProcessManager::reportEnd(int status)

@@ -4,10 +4,6 @@
 #include "GlobalImpl.h"
 #include "SystemModule.h"
 
-#include <QGridLayout>
-#include <QHBoxLayout>
-#include <QLabel>
-
 namespace {
 
 QWidget* findTopContainer(QWidget* widget)
@@ -68,21 +64,7 @@ int ConfirmationImpl::displayDialog(const QString& title, const QString& text, c
     if (top && top->metaObject()->indexOfSignal("WindowClosed()") >= 0)
         QObject::connect(top, SIGNAL(WindowClosed()), dialog, SLOT(cancelDialog()));
 
-    auto* label = new QLabel(text, dialog);
-    label->setObjectName(QStringLiteral("dialog_text"));
-    label->setWordWrap(true);
-
-    auto* layout = new QGridLayout;
-    long count = 0;
-    QHBoxLayout* row = ContainerDialog::createButtonLayout(dialog, buttons, count);
-    if (count > 0) {
-        row->insertStretch(0);
-        layout->addLayout(row, 1, 0);
-    } else {
-        delete row;
-    }
-    layout->addWidget(label, 0, 0, 1, static_cast<int>(qMax(1L, count)));
-    dialog->setLayout(layout);
+    dialog->setQuestion(text, buttons);
     dialog->setWindowTitle(title, 0);
     const int result = dialog->exec(true);
     delete dialog.data();
