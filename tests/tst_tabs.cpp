@@ -274,25 +274,35 @@ void TestTabs::sideBarsTurnTheirLabels_data()
 {
     QTest::addColumn<int>("position");
     QTest::addColumn<bool>("startsLow");
+    QTest::addColumn<bool>("fromForm");
 
-    QTest::newRow("left reads upward") << int(QTabWidget::West) << true;
-    QTest::newRow("right reads downward") << int(QTabWidget::East) << false;
+    QTest::newRow("left reads upward") << int(QTabWidget::West) << true << false;
+    QTest::newRow("right reads downward") << int(QTabWidget::East) << false << false;
+    // A form sets the position through the property, past the bar.
+    QTest::newRow("left, from a form") << int(QTabWidget::West) << true << true;
 }
 
 void TestTabs::sideBarsTurnTheirLabels()
 {
     QFETCH(int, position);
     QFETCH(bool, startsLow);
+    QFETCH(bool, fromForm);
 
     TabImpl tabs;
     tabs.resize(300, 420);
     // A heavy first letter and light ones after it tell where the label starts.
     tabs.addTab(new QWidget, QStringLiteral("M....."));
     tabs.addTab(new QWidget, QStringLiteral("Second"));
-    tabs.setTabPosition(QTabWidget::TabPosition(position));
+    if (fromForm)
+        tabs.setProperty("tabPosition", position);
+    else
+        tabs.setTabPosition(QTabWidget::TabPosition(position));
     tabs.show();
     QVERIFY(QTest::qWaitForWindowExposed(&tabs));
-    TestSupport::savePng(&tabs, position == QTabWidget::West ? QStringLiteral("tabs_left") : QStringLiteral("tabs_right"));
+    if (!fromForm)
+        TestSupport::savePng(&tabs, position == QTabWidget::West ? QStringLiteral("tabs_left") : QStringLiteral("tabs_right"));
+    // The bar stands as a narrow column along its side.
+    QVERIFY(tabs.bar()->width() < 50 && tabs.bar()->height() == tabs.height());
 
     Tab* current = tabs.bar()->tab(0);
     QVERIFY(current->height() > current->width());
